@@ -1,0 +1,28 @@
+# zelmo_subsystem(NAME DEPS...): one library of every *.cpp in the folder
+# that is not a test, and one test program of every *_test.cpp beside it.
+function(zelmo_subsystem name)
+  cmake_parse_arguments(ARG "" "" "DEPS;TEST_DEPS" ${ARGN})
+  file(GLOB all_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB test_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp)
+  set(lib_sources ${all_sources})
+  if(test_sources)
+    list(REMOVE_ITEM lib_sources ${test_sources})
+  endif()
+  if(lib_sources)
+    add_library(${name} STATIC ${lib_sources})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${ARG_DEPS})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(${name} INTERFACE ${ARG_DEPS})
+  endif()
+  if(ZELMO_BUILD_TESTS AND test_sources)
+    add_executable(${name}_tests ${test_sources})
+    target_link_libraries(${name}_tests PRIVATE ${name} zelmo_testing
+                          ${ARG_TEST_DEPS} GTest::gtest GTest::gtest_main)
+    add_test(NAME ${name}_tests COMMAND ${name}_tests)
+    set_tests_properties(${name}_tests PROPERTIES
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ZELMO_DIST_DIR=${ZELMO_DIST_DIR};ZELMO_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+  endif()
+endfunction()

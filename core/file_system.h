@@ -1,0 +1,39 @@
+// Folder and file services of the platform, on paths held as text. Every
+// call finds an existing name whatever its case and reports failure by its
+// result, never by an exception.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zelmo {
+
+bool CreateFolder(const std::string& path);                           // one level
+bool CreateFolderTree(const std::string& path);                       // every missing level
+bool DeleteFolderTree(const std::string& path);                       // false when it is not there
+bool CopyFolderTree(const std::string& from, const std::string& to);  // overwriting
+bool CopyFileOver(const std::string& from, const std::string& to);
+bool RenamePath(const std::string& from, const std::string& to);
+bool DeleteFile(const std::string& path);
+// Names (not paths) of the files in a folder whose name ends in `extension`
+// (".TXT"), the case of the letters ignored; sorted.
+std::vector<std::string> FilesWithExtension(const std::string& folder,
+                                            const std::string& extension);
+// Names of the sub-folders of a folder, sorted.
+std::vector<std::string> SubFolders(const std::string& folder);
+// Deletes the files of a folder whose extension is one of `extensions`, the
+// case ignored; failures are ignored.
+void DeleteFilesWithExtensions(const std::string& folder,
+                               const std::vector<std::string>& extensions);
+// The folder part of a path and its last name.
+std::string ParentFolder(const std::string& path);
+std::string LastName(const std::string& path);
+// The path with one trailing separator removed.
+std::string StripTrailingSeparator(const std::string& path);
+// True when a name typed by the user would leave its folder: it holds a path
+// separator or is "." or "..".
+bool EscapesFolder(const std::string& name);
+// The platform's separator as text.
+std::string Separator();
+
+}  // namespace zelmo

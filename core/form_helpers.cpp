@@ -1,0 +1,55 @@
+#include "core/form_helpers.h"
+
+#include "core/fields.h"
+#include "core/inpbox.h"
+#include "core/session.h"
+#include "core/text_file.h"
+
+namespace zelmo {
+
+void CenterForm(Form& form, const Workspace& ws) {
+  form.left = (ws.ScreenWidth - form.width) / 2;
+  form.top = (ws.ScreenHeight + 500 - form.height) / 2;
+}
+
+Answer AskSaveChanges(Dialogs& dialogs, std::string& text) {
+  std::string shown = "Do you want to save changes ?";
+  if (!text.empty()) shown += "\r\r" + text;
+  text = shown;
+  return dialogs.MsgBox(shown, mb::kYesNoCancel + mb::kExclamation + mb::kDefaultButton1, "Save");
+}
+
+Answer AskSaveChanges(Dialogs& dialogs) {
+  std::string text;
+  return AskSaveChanges(dialogs, text);
+}
+
+void FillCaseList(const Workspace& ws, Control& list) {
+  auto lines = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
+  if (!lines) return;
+  for (const auto& raw : *lines) {
+    std::string line = TrimBlanks(raw);
+    list.AddItem(ToLower(FieldBefore(line, " -")) + " - " + FieldAfter(line, " - "));
+  }
+}
+
+void ClearElementRow(std::vector<std::string>& fields) {
+  fields.assign(29, "");
+  fields[0] = fields[3] = fields[4] = fields[5] = "0";
+}
+
+std::string AskInput(Session& session, const std::string& prompt, const std::string& default_text,
+                     const std::string& title, int max_length, int check_kind, float min_value,
+                     float max_value, bool mask) {
+  Workspace& ws = session.ws;
+  ws.InpBoxCheckKind = static_cast<int16_t>(check_kind);
+  ws.InpBoxMinValue = min_value;
+  ws.InpBoxMaxValue = max_value;
+  ws.InpBoxResult.clear();
+  InpBox box(session);
+  box.Prepare(prompt, default_text, title, max_length, mask);
+  session.dialogs->ShowModal(box);
+  return ws.InpBoxResult;
+}
+
+}  // namespace zelmo

@@ -1,0 +1,80 @@
+#include "core/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+namespace zelmo {
+namespace {
+
+TEST(NumberRule, ReadsUpToTheFirstForeignCharacter) {
+  EXPECT_EQ(Val("12abc"), 12);
+  EXPECT_EQ(Val("abc"), 0);
+  EXPECT_EQ(Val(""), 0);
+  EXPECT_EQ(Val("  -3.5x"), -3.5);
+  EXPECT_EQ(Val("1,5"), 1);
+  EXPECT_EQ(Val(".5"), 0.5);
+  EXPECT_EQ(Val("1e3"), 1000);
+  EXPECT_EQ(Val("2E-2"), 0.02);
+  EXPECT_EQ(Val("7e"), 7);
+}
+
+TEST(NumberToText, SignColumnForm) {
+  EXPECT_EQ(NumText(0.01), " .01");
+  EXPECT_EQ(NumText(500), " 500");
+  EXPECT_EQ(NumText(-1), "-1");
+  EXPECT_EQ(NumText(-180), "-180");
+  EXPECT_EQ(NumText(999999), " 999999");
+  EXPECT_EQ(NumText(-0.5), "-.5");
+  EXPECT_EQ(NumText(0), " 0");
+  EXPECT_EQ(NumText(1.5), " 1.5");
+  EXPECT_EQ(NumText(12345678), " 1.234568E+07");
+}
+
+TEST(FormatFixed, MaskWidthAndPoint) {
+  EXPECT_EQ(FormatFixed("5", 0, 4), "  5.");
+  EXPECT_EQ(FormatFixed("2.5", 0, 3), " 3.");
+  EXPECT_EQ(FormatFixed("1.005", 2, 6), "  1.01");
+  EXPECT_EQ(FormatFixed("-0.004", 2, 6), "  0.00");
+  EXPECT_EQ(FormatFixed("-12.345", 1, 7), "  -12.3");
+  EXPECT_EQ(FormatFixed(" 0.5 ", 3, 6), " 0.500");
+  EXPECT_EQ(FormatFixed("abc", 2, 5), " 0.00");
+  // A result longer than the width loses its right end.
+  EXPECT_EQ(FormatFixed("123456", 2, 5), "12345");
+}
+
+TEST(FormatFixed, PointEvenWhereTheSystemWritesAComma) {
+  const char* old = std::setlocale(LC_ALL, nullptr);
+  std::string saved = old ? old : "C";
+  if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8") && !std::setlocale(LC_NUMERIC, "sv_SE.UTF-8")) {
+    GTEST_SKIP() << "no comma locale on this machine";
+  }
+  EXPECT_EQ(FormatFixed("1,5", 2, 5), " 1.00");
+  EXPECT_EQ(FormatFixed("1.5", 2, 5), " 1.50");
+  EXPECT_EQ(NumText(0.25), " .25");
+  EXPECT_EQ(Val("2.5"), 2.5);
+  std::setlocale(LC_ALL, saved.c_str());
+}
+
+TEST(SignedNumberText, AcceptsPlainDecimalsOnly) {
+  for (const char* good : {"12.5", "-3", "+.5", ".5", "0", "5."}) {
+    EXPECT_TRUE(IsSignedNumberText(good)) << good;
+  }
+  for (const char* bad :
+       {"", "-", ".", "+", "1-2", "1.2.3", "--1", "+-1", "1e3", " 1", "1 ", "1,5"}) {
+    EXPECT_FALSE(IsSignedNumberText(bad)) << bad;
+  }
+}
+
+TEST(RealNumberText, ExponentsNeedASignAndNoLeadingZero) {
+  for (const char* good : {"1.5e-3", "+1e+2", "12", "-.5", "+1e-5", "3", "-1e-5", "1e+9"}) {
+    EXPECT_TRUE(IsRealNumberText(good)) << good;
+  }
+  for (const char* bad : {"1e5", "1e-05", "1E-5", "", ".", "+", "1.", "1.2.3", "--1", "1-", "1e",
+                          "1e-", "1 e-5", "a", "1-e+5", "123456789012"}) {
+    EXPECT_FALSE(IsRealNumberText(bad)) << bad;
+  }
+}
+
+}  // namespace
+}  // namespace zelmo

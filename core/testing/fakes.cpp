@@ -1,0 +1,150 @@
+#include "core/testing/fakes.h"
+
+#include <atomic>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+
+#include "core/controls.h"
+#include "core/text_file.h"
+
+namespace zelmo::testing {
+
+namespace fs = std::filesystem;
+
+Answer FakeDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
+  messages.push_back({text, style, title});
+  if (!answers.empty()) {
+    Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  switch (mb::ButtonsOf(style)) {
+    case mb::kOkCancel:
+      return Answer::kOk;
+    case mb::kYesNoCancel:
+    case mb::kYesNo:
+      return Answer::kYes;
+    case mb::kRetryCancel:
+    case mb::kAbortRetryIgnore:
+      return Answer::kRetry;
+    default:
+      return Answer::kOk;
+  }
+}
+
+void FakeDialogs::ShowModal(Form& form) {
+  shown_forms.push_back(form.name());
+  form.unloaded = false;
+  form.Load();
+  if (form.unloaded) return;
+  auto script = screens.find(form.name());
+  if (script != screens.end()) script->second(form);
+}
+
+std::optional<std::string> FakeDialogs::ChooseFolder(const std::string&, const std::string&) {
+  if (folders.empty()) return std::nullopt;
+  auto folder = folders.front();
+  folders.pop_front();
+  return folder;
+}
+
+std::optional<std::string> FakeDialogs::ChooseFile(const FileChoice& choice) {
+  file_choices.push_back(choice);
+  if (files.empty()) return std::nullopt;
+  auto file = files.front();
+  files.pop_front();
+  return file;
+}
+
+std::vector<std::string> FakeDialogs::Texts() const {
+  std::vector<std::string> texts;
+  for (const auto& m : messages) texts.push_back(m.text);
+  return texts;
+}
+
+const ShownMessage& FakeDialogs::Last() const {
+  static const ShownMessage none;
+  return messages.empty() ? none : messages.back();
+}
+
+void FakeDialogs::Clear() {
+  messages.clear();
+  shown_forms.clear();
+  file_choices.clear();
+}
+
+std::string FakeSettings::Get(const std::string& application, const std::string& section,
+                              const std::string& key, const std::string& fallback) {
+  auto it = values.find(application + "/" + section + "/" + key);
+  return it == values.end() ? fallback : it->second;
+}
+
+void FakeSettings::Save(const std::string& application, const std::string& section,
+                        const std::string& key, const std::string& value) {
+  values[application + "/" + section + "/" + key] = value;
+  ++saves;
+}
+
+void FakeProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
+                            int window_mode) {
+  calls.push_back({program, arguments, window_mode});
+  if (on_run) on_run(calls.back());
+}
+
+void FakeDesktop::ShowHelp(const std::string& help_file, int context) {
+  help_calls.emplace_back(help_file, context);
+}
+
+bool FakeDesktop::OpenWithRegistered(const std::string& path) {
+  opened.push_back(path);
+  return has_registered_program;
+}
+
+std::string FakeDesktop::FindExecutable(const std::string&) {
+  return has_registered_program ? registered_program : std::string();
+}
+
+FakeSession::FakeSession() {
+  session.dialogs = &dialogs;
+  session.settings = &settings;
+  session.processes = &processes;
+  session.desktop = &desktop;
+}
+
+TempDir::TempDir() {
+  static std::atomic<int> counter{0};
+  fs::path base =
+      fs::temp_directory_path() /
+      ("zelmo-test-" + std::to_string(std::random_device{}()) + "-" + std::to_string(counter++));
+  fs::remove_all(base);
+  fs::create_directories(base);
+  path_ = FromFsPath(base);
+}
+
+TempDir::~TempDir() {
+  std::error_code ignored;
+  fs::remove_all(ToFsPath(path_), ignored);
+}
+
+std::string TempDir::operator/(const std::string& name) const { return JoinPath(path_, name); }
+
+std::string ReadBytes(const std::string& path) {
+  std::ifstream in(ToFsPath(path), std::ios::binary);
+  if (!in) throw std::runtime_error("cannot read " + path);
+  std::ostringstream buffer;
+  buffer << in.rdbuf();
+  return buffer.str();
+}
+
+void WriteBytes(const std::string& path, const std::string& bytes) {
+  fs::path p = ToFsPath(path);
+  fs::create_directories(p.parent_path());
+  std::ofstream out(p, std::ios::binary | std::ios::trunc);
+  out << bytes;
+}
+
+bool Exists(const std::string& path) { return fs::exists(ToFsPath(path)); }
+
+}  // namespace zelmo::testing

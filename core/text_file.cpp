@@ -1,0 +1,306 @@
+#include "core/text_file.h"
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace zelmo {
+namespace fs = std::filesystem;
+
+namespace {
+
+// Code points of the bytes 0x80 to 0x9F in Windows-1252; 0 where unassigned.
+constexpr std::array<char32_t, 32> kHighTable = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+char LowerByte(char c) {
+  unsigned char u = static_cast<unsigned char>(c);
+  if (u >= 'A' && u <= 'Z') return static_cast<char>(u + 32);
+  if (u >= 0xC0 && u <= 0xDE && u != 0xD7) return static_cast<char>(u + 32);
+  return c;
+}
+
+bool SameIgnoringCase(const std::string& a, const std::string& b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (LowerByte(a[i]) != LowerByte(b[i])) return false;
+  }
+  return true;
+}
+
+std::vector<std::string> SplitLines(const std::string& bytes) {
+  std::vector<std::string> lines;
+  std::string current;
+  bool pending = false;
+  for (size_t i = 0; i < bytes.size(); ++i) {
+    char c = bytes[i];
+    if (c == '\r' || c == '\n') {
+      lines.push_back(current);
+      current.clear();
+      pending = false;
+      if (c == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') ++i;
+    } else {
+      current.push_back(c);
+      pending = true;
+    }
+  }
+  if (pending) lines.push_back(current);
+  return lines;
+}
+
+bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes) {
+  {
+    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+    if (!out) return false;
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.flush();
+    if (!out) {
+      out.close();
+      std::error_code ignored;
+      fs::remove(temp, ignored);
+      return false;
+    }
+  }
+  std::error_code ec;
+  fs::rename(temp, target, ec);
+  if (ec) {
+    std::error_code ignored;
+    fs::remove(temp, ignored);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+fs::path ToFsPath(const std::string& cp1252) {
+  std::string utf8 = Utf8FromCp1252(cp1252);
+  return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string FromFsPath(const fs::path& path) {
+  std::u8string utf8 = path.u8string();
+  return Cp1252FromUtf8(std::string(utf8.begin(), utf8.end()));
+}
+
+FileError::FileError(std::string path, int line, std::string what)
+    : std::runtime_error(what), path_(std::move(path)), line_(line) {}
+
+std::string FileError::UserText() const {
+  std::string text = what();
+  text += "\r" + path_;
+  if (line_ > 0) text += ", line " + std::to_string(line_);
+  return text;
+}
+
+std::string Utf8FromCp1252(const std::string& bytes) {
+  std::string out;
+  out.reserve(bytes.size());
+  for (char c : bytes) {
+    unsigned char u = static_cast<unsigned char>(c);
+    char32_t cp = u;
+    if (u >= 0x80 && u <= 0x9F) cp = kHighTable[u - 0x80] ? kHighTable[u - 0x80] : u;
+    if (cp < 0x80) {
+      out.push_back(static_cast<char>(cp));
+    } else if (cp < 0x800) {
+      out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+      out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else {
+      out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
+      out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+      out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    }
+  }
+  return out;
+}
+
+std::string Cp1252FromUtf8(const std::string& utf8) {
+  std::string out;
+  out.reserve(utf8.size());
+  size_t i = 0;
+  while (i < utf8.size()) {
+    unsigned char u = static_cast<unsigned char>(utf8[i]);
+    char32_t cp;
+    size_t len;
+    if (u < 0x80) {
+      cp = u, len = 1;
+    } else if ((u & 0xE0) == 0xC0) {
+      cp = u & 0x1F, len = 2;
+    } else if ((u & 0xF0) == 0xE0) {
+      cp = u & 0x0F, len = 3;
+    } else if ((u & 0xF8) == 0xF0) {
+      cp = u & 0x07, len = 4;
+    } else {
+      out.push_back('?');
+      ++i;
+      continue;
+    }
+    if (i + len > utf8.size()) {
+      out.push_back('?');
+      break;
+    }
+    for (size_t k = 1; k < len; ++k) cp = (cp << 6) | (utf8[i + k] & 0x3F);
+    i += len;
+    if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) {
+      out.push_back(static_cast<char>(cp));
+      continue;
+    }
+    char byte = '?';
+    for (size_t k = 0; k < kHighTable.size(); ++k) {
+      if (kHighTable[k] == cp) byte = static_cast<char>(0x80 + k);
+    }
+    out.push_back(byte);
+  }
+  return out;
+}
+
+fs::path ResolvePath(const fs::path& path) {
+  std::error_code ec;
+  if (path.empty() || fs::exists(path, ec)) return path;
+  fs::path resolved = path.root_path();
+  bool matching = true;
+  for (const auto& part : path.relative_path()) {
+    if (matching) {
+      fs::path exact = resolved / part;
+      if (fs::exists(exact, ec)) {
+        resolved = exact;
+        continue;
+      }
+      bool found = false;
+      const std::string wanted = part.string();
+      fs::path folder = resolved.empty() ? fs::path(".") : resolved;
+      for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        if (SameIgnoringCase(it->path().filename().string(), wanted)) {
+          resolved = resolved.empty() ? it->path().filename() : resolved / it->path().filename();
+          found = true;
+          break;
+        }
+      }
+      if (found) continue;
+      matching = false;
+    }
+    resolved /= part;
+  }
+  return resolved;
+}
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+  if (folder.empty()) return name;
+  char last = folder.back();
+  if (last == '/' || last == static_cast<char>(fs::path::preferred_separator)) return folder + name;
+  return folder + static_cast<char>(fs::path::preferred_separator) + name;
+}
+
+bool FileCanOpen(const std::string& path) {
+  if (path.empty()) return false;
+  fs::path real = ResolvePath(ToFsPath(path));
+  std::error_code ec;
+  if (!fs::is_regular_file(real, ec)) return false;
+  std::ifstream in(real, std::ios::binary);
+  return static_cast<bool>(in);
+}
+
+bool FolderExists(const std::string& path) {
+  if (path.empty()) return false;
+  std::error_code ec;
+  return fs::is_directory(ResolvePath(ToFsPath(path)), ec);
+}
+
+std::string TrimBlanks(const std::string& text) {
+  size_t first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  size_t last = text.find_last_not_of(' ');
+  return text.substr(first, last - first + 1);
+}
+
+std::optional<std::string> ReadAllBytes(const std::string& path) {
+  if (!FileCanOpen(path)) return std::nullopt;
+  std::ifstream in(ResolvePath(ToFsPath(path)), std::ios::binary);
+  if (!in) return std::nullopt;
+  std::ostringstream buffer;
+  buffer << in.rdbuf();
+  return buffer.str();
+}
+
+std::optional<std::vector<std::string>> ReadAllLines(const std::string& path) {
+  auto bytes = ReadAllBytes(path);
+  if (!bytes) return std::nullopt;
+  return SplitLines(*bytes);
+}
+
+TextReader::TextReader(const std::string& path) : path_(path) {
+  auto lines = ReadAllLines(path);
+  if (!lines) throw FileError(path, 0, "File not found");
+  lines_ = std::move(*lines);
+}
+
+TextReader::TextReader(std::string path, std::vector<std::string> lines)
+    : path_(std::move(path)), lines_(std::move(lines)) {}
+
+std::string TextReader::ReadLine() {
+  if (next_ >= lines_.size()) {
+    throw FileError(path_, static_cast<int>(next_) + 1, "Input past end of file");
+  }
+  return lines_[next_++];
+}
+
+void TextReader::Fail(const std::string& what) const {
+  throw FileError(path_, static_cast<int>(next_), what);
+}
+
+bool WriteAllBytes(const std::string& path, const std::string& bytes) {
+  fs::path target = ResolvePath(ToFsPath(path));
+  fs::path temp = target;
+  temp += ".tmp~";
+  return WriteBytesTo(target, temp, bytes);
+}
+
+namespace {
+std::string JoinCrLf(const std::vector<std::string>& lines) {
+  std::string bytes;
+  size_t size = 0;
+  for (const auto& line : lines) size += line.size() + 2;
+  bytes.reserve(size);
+  for (const auto& line : lines) {
+    bytes += line;
+    bytes += "\r\n";
+  }
+  return bytes;
+}
+}  // namespace
+
+bool WriteAllLines(const std::string& path, const std::vector<std::string>& lines) {
+  return WriteAllBytes(path, JoinCrLf(lines));
+}
+
+bool AppendLine(const std::string& path, const std::string& line) {
+  fs::path target = ResolvePath(ToFsPath(path));
+  std::ofstream out(target, std::ios::binary | std::ios::app);
+  if (!out) return false;
+  out << line << "\r\n";
+  return static_cast<bool>(out);
+}
+
+std::string ListTempPath(const std::string& path) {
+  size_t dot = path.find_last_of('.');
+  size_t sep = path.find_last_of("/\\");
+  if (dot == std::string::npos || (sep != std::string::npos && dot < sep)) return path + ".XXX";
+  return path.substr(0, dot) + ".XXX";
+}
+
+bool RewriteListFileLines(const std::string& path,
+                          const std::vector<std::optional<std::string>>& kept) {
+  std::vector<std::string> lines;
+  for (const auto& line : kept) {
+    if (line) lines.push_back(*line);
+  }
+  fs::path target = ResolvePath(ToFsPath(path));
+  fs::path temp = ResolvePath(ToFsPath(ListTempPath(path)));
+  return WriteBytesTo(target, temp, JoinCrLf(lines));
+}
+
+}  // namespace zelmo

@@ -1,0 +1,116 @@
+// Text files as the system keeps them: single-byte Windows-1252 bytes, lines
+// ended by CR LF, a last line without its end read as a line. Every file is
+// read or written whole; a whole-file write goes through a temporary file
+// beside the target that is renamed over it.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace zelmo {
+
+// A file read past its end, or otherwise unreadable in the middle of an
+// operation. It names the file and the line, so the screen that catches it can
+// say where the data is damaged.
+class FileError : public std::runtime_error {
+ public:
+  FileError(std::string path, int line, std::string what);
+  const std::string& path() const { return path_; }
+  int line() const { return line_; }
+  // The text the user is shown: what went wrong, the file and the line.
+  std::string UserText() const;
+
+ private:
+  std::string path_;
+  int line_;
+};
+
+// Finds an existing file or folder whose name differs from `path` only in the
+// case of its letters, component by component. Returns `path` itself when it
+// exists as given or nothing matches, so a write goes to the exact form.
+std::filesystem::path ResolvePath(const std::filesystem::path& path);
+
+// The file system's path for a path held as Windows-1252 text, and back.
+std::filesystem::path ToFsPath(const std::string& cp1252);
+std::string FromFsPath(const std::filesystem::path& path);
+
+// Joins a folder and a name with the platform's separator.
+std::string JoinPath(const std::string& folder, const std::string& name);
+
+// True when the file can be opened for reading. Every failure gives false.
+bool FileCanOpen(const std::string& path);
+bool FolderExists(const std::string& path);
+
+// Blanks (U+0020 only) removed at both ends; TABs stay.
+std::string TrimBlanks(const std::string& text);
+
+// All lines of a file, without their ends. Nothing when it cannot be opened.
+std::optional<std::vector<std::string>> ReadAllLines(const std::string& path);
+
+// A whole file read into memory and handed out line by line. Reading past the
+// last line throws FileError naming the file and the line wanted.
+class TextReader {
+ public:
+  // Throws FileError (line 0) when the file cannot be opened.
+  explicit TextReader(const std::string& path);
+  TextReader(std::string path, std::vector<std::string> lines);
+
+  bool AtEnd() const { return next_ >= lines_.size(); }
+  // The next line as it stands.
+  std::string ReadLine();
+  // The next line with blanks removed at both ends.
+  std::string ReadTrimmedLine() { return TrimBlanks(ReadLine()); }
+  // Number of the line read last, from 1.
+  int LineNumber() const { return static_cast<int>(next_); }
+  const std::string& path() const { return path_; }
+  // Raises FileError on the line read last, for a value that cannot be taken.
+  [[noreturn]] void Fail(const std::string& what) const;
+
+ private:
+  std::string path_;
+  std::vector<std::string> lines_;
+  size_t next_ = 0;
+};
+
+// Writes the lines, each ended by CR LF, as the whole file. An existing file
+// whose name differs only in case is replaced. Returns false on failure, and
+// then the old file stands as it was.
+bool WriteAllLines(const std::string& path, const std::vector<std::string>& lines);
+// Writes the bytes exactly as given, as the whole file.
+bool WriteAllBytes(const std::string& path, const std::string& bytes);
+// The bytes of a file, or nothing.
+std::optional<std::string> ReadAllBytes(const std::string& path);
+
+// Appends one line with CR LF, creating the file when it is missing.
+bool AppendLine(const std::string& path, const std::string& line);
+
+// Rewrites a list file through `<stem>.XXX` beside it: each line, trimmed, is
+// handed to `edit`, which returns the line to keep or nothing to leave it out.
+// When the list file cannot be opened nothing happens and false comes back.
+template <typename Edit>
+bool RewriteListFile(const std::string& path, Edit edit);
+bool RewriteListFileLines(const std::string& path,
+                          const std::vector<std::optional<std::string>>& kept);
+
+// The `.XXX` name beside a list file: PROJECTS.LIB gives PROJECTS.XXX.
+std::string ListTempPath(const std::string& path);
+
+template <typename Edit>
+bool RewriteListFile(const std::string& path, Edit edit) {
+  auto lines = ReadAllLines(path);
+  if (!lines) return false;
+  std::vector<std::optional<std::string>> kept;
+  kept.reserve(lines->size());
+  for (const auto& line : *lines) kept.push_back(edit(TrimBlanks(line)));
+  return RewriteListFileLines(path, kept);
+}
+
+// Windows-1252 text for a single-byte string from UTF-8, for literals in code
+// that hold letters such as å; characters with no single byte become "?".
+std::string Cp1252FromUtf8(const std::string& utf8);
+std::string Utf8FromCp1252(const std::string& bytes);
+
+}  // namespace zelmo

@@ -1,0 +1,154 @@
+#include "core/text_file.h"
+
+#include <gtest/gtest.h>
+
+#include "core/fields.h"
+#include "core/file_system.h"
+#include "core/guard.h"
+#include "core/testing/fakes.h"
+
+namespace zelmo {
+namespace {
+
+using testing::ReadBytes;
+using testing::TempDir;
+using testing::WriteBytes;
+
+TEST(TextFiles, WritesCrLfAndSingleByteLetters) {
+  TempDir dir;
+  const std::string path = dir / "SITE.INP";
+  ASSERT_TRUE(WriteAllLines(path, {"G\xE5rd", "", "\t1\t"}));
+  EXPECT_EQ(ReadBytes(path), "G\xE5rd\r\n\r\n\t1\t\r\n");
+  // A UTF-8 literal reaches the file as one byte per letter.
+  EXPECT_EQ(Cp1252FromUtf8("G\u00e5rd \u20ac"), "G\xE5rd \x80");
+  EXPECT_EQ(Utf8FromCp1252("\xE5\x80"), "\u00e5\u20ac");
+}
+
+TEST(TextFiles, ReadsTheLastLineWithoutItsEnd) {
+  TempDir dir;
+  WriteBytes(dir / "a.txt", "one\r\ntwo\r\n\r\nlast");
+  auto lines = ReadAllLines(dir / "a.txt");
+  ASSERT_TRUE(lines);
+  EXPECT_EQ(*lines, (std::vector<std::string>{"one", "two", "", "last"}));
+  WriteBytes(dir / "b.txt", "one\r\n");
+  EXPECT_EQ(*ReadAllLines(dir / "b.txt"), std::vector<std::string>{"one"});
+  WriteBytes(dir / "empty.txt", "");
+  EXPECT_TRUE(FileCanOpen(dir / "empty.txt"));
+  EXPECT_TRUE(ReadAllLines(dir / "empty.txt")->empty());
+}
+
+TEST(TextFiles, FileCanOpenGivesFalseForEveryFailure) {
+  TempDir dir;
+  EXPECT_FALSE(FileCanOpen(dir / "missing.txt"));
+  EXPECT_FALSE(FileCanOpen(dir / "no" + "/dir.txt"));
+  EXPECT_FALSE(FileCanOpen(""));
+  EXPECT_FALSE(FileCanOpen(dir.path()));  // a folder is no file
+}
+
+TEST(TextFiles, FindsAndReplacesAFileUnderAnotherCase) {
+  TempDir dir;
+  WriteBytes(dir / "Wndtp.LIB", "old\r\n");
+  EXPECT_TRUE(FileCanOpen(dir / "WNDTP.LIB"));
+  EXPECT_EQ(*ReadAllLines(dir / "wndtp.lib"), std::vector<std::string>{"old"});
+  ASSERT_TRUE(WriteAllLines(dir / "WNDTP.LIB", {"new"}));
+  EXPECT_EQ(ReadBytes(dir / "Wndtp.LIB"), "new\r\n");
+  EXPECT_FALSE(testing::Exists(dir / "WNDTP.LIB") && ReadBytes(dir / "WNDTP.LIB") != "new\r\n");
+  EXPECT_EQ(FilesWithExtension(dir.path(), ".lib"), std::vector<std::string>{"Wndtp.LIB"});
+  // Folders are found whatever their case too.
+  WriteBytes(dir / "Case1/SURFACE.INP", "x\r\n");
+  EXPECT_TRUE(FileCanOpen(dir / "CASE1/surface.inp"));
+}
+
+TEST(TextFiles, AWholeFileWriteLeavesNoTemporaryFile) {
+  TempDir dir;
+  ASSERT_TRUE(WriteAllLines(dir / "A.INP", {"1"}));
+  ASSERT_TRUE(WriteAllLines(dir / "A.INP", {"2"}));
+  EXPECT_EQ(FilesWithExtension(dir.path(), ""), std::vector<std::string>{"A.INP"});
+  // A write into a folder that is not there fails and creates nothing.
+  EXPECT_FALSE(WriteAllLines(dir / "none/A.INP", {"1"}));
+  EXPECT_FALSE(testing::Exists(dir / "none"));
+}
+
+TEST(ListRewrite, LeavesACompleteListAndNoXxxFile) {
+  TempDir dir;
+  const std::string list = dir / "PROJECTS.LIB";
+  WriteBytes(list, "alpha\talpha\r\n  beta\tbeta  \r\ngamma\tgamma");
+  WriteBytes(dir / "PROJECTS.XXX", "stale rest of a crash\r\n");
+  ASSERT_TRUE(RewriteListFile(list, [](const std::string& line) -> std::optional<std::string> {
+    if (FieldBefore(line, "\t") == "beta") return std::nullopt;
+    return line;
+  }));
+  EXPECT_EQ(ReadBytes(list), "alpha\talpha\r\ngamma\tgamma\r\n");
+  EXPECT_FALSE(testing::Exists(dir / "PROJECTS.XXX"));
+  EXPECT_EQ(ListTempPath(dir / "CASES.LIB"), dir / "CASES.XXX");
+  // No list file: nothing happens.
+  EXPECT_FALSE(RewriteListFile(dir / "CASES.LIB",
+                               [](const std::string& l) { return std::optional<std::string>(l); }));
+  EXPECT_FALSE(testing::Exists(dir / "CASES.LIB"));
+}
+
+TEST(AppendLine, CreatesTheFileAndEndsWithCrLf) {
+  TempDir dir;
+  ASSERT_TRUE(AppendLine(dir / "CASES.LIB", "case1 - First"));
+  ASSERT_TRUE(AppendLine(dir / "CASES.LIB", "case2 - Second"));
+  EXPECT_EQ(ReadBytes(dir / "CASES.LIB"), "case1 - First\r\ncase2 - Second\r\n");
+}
+
+TEST(FailurePolicy, ReadingPastTheEndIsReportedWithFileAndLine) {
+  TempDir dir;
+  const std::string path = dir / "SURFACE.INP";
+  WriteBytes(path, "Wall\r\n0\r\n");
+  testing::FakeDialogs dialogs;
+  bool wrote = false;
+  bool finished = RunGuarded(dialogs, [&] {
+    TextReader reader(path);
+    reader.ReadLine();
+    reader.ReadTrimmedLine();
+    reader.ReadLine();  // the third line is not there
+    wrote = WriteAllLines(dir / "OUT.INP", {"never"});
+  });
+  EXPECT_FALSE(finished);
+  EXPECT_FALSE(wrote);
+  EXPECT_FALSE(testing::Exists(dir / "OUT.INP"));
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.Last().text, "Input past end of file\r" + path + ", line 3");
+  EXPECT_EQ(dialogs.Last().title, "Error message");
+  EXPECT_EQ(dialogs.Last().style, mb::kCritical);
+  // The program runs on: the next operation works.
+  EXPECT_TRUE(RunGuarded(dialogs, [] {}));
+}
+
+TEST(TextReader, TrimsBlanksButKeepsTabs) {
+  TextReader reader("mem", {"  a\t ", " b "});
+  EXPECT_EQ(reader.ReadTrimmedLine(), "a\t");
+  EXPECT_EQ(reader.ReadTrimmedLine(), "b");
+  EXPECT_TRUE(reader.AtEnd());
+  EXPECT_EQ(reader.LineNumber(), 2);
+}
+
+TEST(FileSystem, NamesThatWouldEscapeTheirFolder) {
+  EXPECT_TRUE(EscapesFolder("."));
+  EXPECT_TRUE(EscapesFolder(".."));
+  EXPECT_TRUE(EscapesFolder("a/b"));
+  EXPECT_TRUE(EscapesFolder("a\\b"));
+  EXPECT_FALSE(EscapesFolder("case.1"));
+  EXPECT_FALSE(EscapesFolder("abc"));
+}
+
+TEST(FileSystem, CopyDeleteAndDropResultFilesWhateverTheirCase) {
+  TempDir dir;
+  WriteBytes(dir / "src/Case1/THERMAL.INP", "XX-XXX\r\n");
+  WriteBytes(dir / "src/Case1/out.txt", "r");
+  WriteBytes(dir / "src/Case1/RES.Lis", "r");
+  WriteBytes(dir / "src/Case1/a.ddd", "r");
+  ASSERT_TRUE(CopyFolderTree(dir / "src", dir / "dst"));
+  DeleteFilesWithExtensions(dir / "dst/Case1", {".TXT", ".LIS", ".DDD", ".GGG", ".PPP"});
+  EXPECT_EQ(FilesWithExtension(dir / "dst/Case1", ""), std::vector<std::string>{"THERMAL.INP"});
+  EXPECT_EQ(ReadBytes(dir / "dst/Case1/THERMAL.INP"), "XX-XXX\r\n");
+  EXPECT_TRUE(DeleteFolderTree(dir / "src"));
+  EXPECT_FALSE(FolderExists(dir / "src"));
+  EXPECT_FALSE(DeleteFolderTree(dir / "src"));
+}
+
+}  // namespace
+}  // namespace zelmo

@@ -1,0 +1,24 @@
+#include "ui/app_main.h"
+
+#include <QApplication>
+#include <QMainWindow>
+
+#include "core/session.h"
+#include "ui/qt_dialogs.h"
+#include "ui/views.h"
+
+namespace zelmo::ui {
+
+int RunProgram(QApplication& app) {
+  RegisterAllViews();
+  Session session;
+  QtDialogs dialogs(session);
+  session.dialogs = &dialogs;
+  QMainWindow window;
+  window.setObjectName("StartForm");
+  window.resize(800, 600);
+  window.show();
+  return app.exec();
+}
+
+}  // namespace zelmo::ui

@@ -1,0 +1,383 @@
+#include "ui/binder.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QWidget>
+
+#include "core/dialogs.h"
+#include "core/guard.h"
+#include "ui/qt_text.h"
+
+namespace zelmo::ui {
+
+namespace {
+
+QColor ColorOf(int rgb) { return QColor(rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF); }
+
+QStringList ItemsOf(const Control& control) {
+  QStringList items;
+  for (const auto& item : control.items) items << Q(item);
+  return items;
+}
+
+int KeyCode(const QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Backspace:
+      return keys::kBack;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return keys::kReturn;
+    case Qt::Key_Escape:
+      return keys::kEscape;
+    case Qt::Key_Tab:
+      return keys::kTab;
+    case Qt::Key_Delete:
+      return keys::kDelete;
+    case Qt::Key_Home:
+      return keys::kHome;
+    case Qt::Key_End:
+      return keys::kEnd;
+    case Qt::Key_Left:
+      return keys::kLeft;
+    case Qt::Key_Right:
+      return keys::kRight;
+    case Qt::Key_Up:
+      return keys::kUp;
+    case Qt::Key_Down:
+      return keys::kDown;
+    default:
+      break;
+  }
+  std::string typed = S(event->text());
+  if (typed.size() == 1) return static_cast<unsigned char>(typed[0]);
+  return 0;
+}
+
+}  // namespace
+
+Binder::Binder(Form& form, QWidget* root, Dialogs& dialogs, std::function<void()> on_unload)
+    : QObject(root), form_(form), root_(root), dialogs_(dialogs), on_unload_(std::move(on_unload)) {
+  for (Control* control : form_.controls()) {
+    QObject* object = nullptr;
+    if (control->kind() == ControlKind::kMenu) {
+      object = root_->findChild<QAction*>(QString::fromStdString(control->name()));
+    } else {
+      object = root_->findChild<QWidget*>(QString::fromStdString(control->name()));
+    }
+    if (!object) continue;
+    pairs_.push_back({control, object});
+    Connect(control, object);
+  }
+}
+
+QObject* Binder::WidgetOf(const Control* control) const {
+  for (const auto& pair : pairs_) {
+    if (pair.control == control) return pair.object;
+  }
+  return nullptr;
+}
+
+Control* Binder::ControlOf(QObject* object) const {
+  for (const auto& pair : pairs_) {
+    if (pair.object == object) return pair.control;
+  }
+  return nullptr;
+}
+
+void Binder::Fire(const std::function<void()>& event) {
+  if (!event) return;
+  bool outer = !firing_;
+  firing_ = true;
+  RunGuarded(dialogs_, event);
+  if (outer) firing_ = false;
+  Sync();
+  if (form_.unloaded && on_unload_) on_unload_();
+}
+
+void Binder::Connect(Control* control, QObject* object) {
+  auto fire = [this](const std::function<void()>& handler) {
+    if (!syncing_ && handler) Fire(handler);
+  };
+  if (auto* action = qobject_cast<QAction*>(object)) {
+    connect(action, &QAction::triggered, this, [control, fire] { fire(control->on_click); });
+    return;
+  }
+  auto* widget = qobject_cast<QWidget*>(object);
+  widget->installEventFilter(this);
+  if (auto* button = qobject_cast<QPushButton*>(widget)) {
+    connect(button, &QPushButton::clicked, this, [control, fire] { fire(control->on_click); });
+  } else if (auto* check = qobject_cast<QCheckBox*>(widget)) {
+    connect(check, &QCheckBox::clicked, this, [this, control, check, fire] {
+      if (syncing_) return;
+      control->value = check->isChecked() ? 1 : 0;
+      fire(control->on_click);
+    });
+  } else if (auto* option = qobject_cast<QRadioButton*>(widget)) {
+    connect(option, &QRadioButton::clicked, this, [this, control, option, fire] {
+      if (syncing_) return;
+      // Options that share a container are one group.
+      for (const auto& pair : pairs_) {
+        auto* other = qobject_cast<QRadioButton*>(pair.object);
+        if (other && other != option && other->parentWidget() == option->parentWidget()) {
+          pair.control->value = 0;
+        }
+      }
+      control->value = 1;
+      fire(control->on_click);
+    });
+  } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
+    connect(line, &QLineEdit::textEdited, this, [this, control, fire](const QString& text) {
+      if (syncing_) return;
+      control->text = S(text);
+      fire(control->on_change);
+    });
+  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(widget)) {
+    connect(plain, &QPlainTextEdit::textChanged, this, [this, control, plain, fire] {
+      if (syncing_ || plain->isReadOnly()) return;
+      std::string text = S(plain->toPlainText());
+      std::string crlf;
+      for (char c : text) {
+        if (c == '\n') crlf += '\r';
+        crlf += c;
+      }
+      control->text = crlf;
+      fire(control->on_change);
+    });
+  } else if (auto* list = qobject_cast<QListWidget*>(widget)) {
+    connect(list, &QListWidget::currentRowChanged, this, [this, control, fire](int row) {
+      if (syncing_) return;
+      control->list_index = row;
+      fire(control->on_click);
+    });
+    connect(list, &QListWidget::itemClicked, this, [this, control, list, fire](QListWidgetItem*) {
+      if (syncing_) return;
+      // A click on the item already selected is still a click.
+      if (list->currentRow() == control->list_index) fire(control->on_click);
+    });
+    connect(list, &QListWidget::itemDoubleClicked, this,
+            [control, fire](QListWidgetItem*) { fire(control->on_dbl_click); });
+  } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+    connect(combo, &QComboBox::activated, this, [this, control, combo, fire](int index) {
+      if (syncing_) return;
+      control->list_index = index;
+      control->text = S(combo->itemText(index));
+      fire(control->on_click);
+    });
+    if (combo->isEditable()) {
+      connect(combo, &QComboBox::editTextChanged, this, [this, control, fire](const QString& text) {
+        if (syncing_) return;
+        control->text = S(text);
+        fire(control->on_change);
+      });
+    }
+  } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
+    auto* grid = static_cast<Grid*>(control);
+    connect(table, &QTableWidget::currentCellChanged, this,
+            [this, grid, fire](int row, int col, int, int) {
+              if (syncing_ || row < 0) return;
+              grid->row = row;
+              grid->col = col;
+              grid->row_sel = row;
+              grid->col_sel = col;
+              fire(grid->on_change);
+            });
+    connect(table, &QTableWidget::cellClicked, this, [this, grid, fire](int row, int col) {
+      if (syncing_) return;
+      grid->row = row;
+      grid->col = col;
+      fire(grid->on_click);
+    });
+    connect(table, &QTableWidget::cellDoubleClicked, this, [this, grid, fire](int row, int col) {
+      if (syncing_) return;
+      grid->row = row;
+      grid->col = col;
+      fire(grid->on_dbl_click);
+    });
+    connect(table, &QTableWidget::cellChanged, this, [this, grid, table](int row, int col) {
+      if (syncing_) return;
+      grid->Cell(row, col) = S(table->item(row, col)->text());
+      if (grid->on_cell_changed) Fire([grid, row, col] { grid->on_cell_changed(row, col); });
+    });
+  }
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  Control* control = ControlOf(watched);
+  if (!control || syncing_) return QObject::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      if (qobject_cast<QLabel*>(watched) && control->on_click) {
+        Fire(control->on_click);
+        return true;
+      }
+      break;
+    case QEvent::MouseButtonDblClick:
+      if (qobject_cast<QLabel*>(watched) && control->on_dbl_click) {
+        Fire(control->on_dbl_click);
+        return true;
+      }
+      break;
+    case QEvent::FocusIn:
+      if (control->on_got_focus) Fire(control->on_got_focus);
+      break;
+    case QEvent::FocusOut:
+      if (control->on_lost_focus) Fire(control->on_lost_focus);
+      break;
+    case QEvent::KeyPress:
+      if (control->on_key_press) {
+        int key = KeyCode(static_cast<QKeyEvent*>(event));
+        if (key == 0) break;
+        int kept = key;
+        Fire([control, &kept] { control->on_key_press(kept); });
+        if (kept == 0) return true;
+      }
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void Binder::Sync() {
+  syncing_ = true;
+  for (const auto& pair : pairs_) {
+    if (pair.object) SyncOne(pair.control, pair.object);
+  }
+  if (!form_.focus.empty()) {
+    Control* control = form_.Find(form_.focus);
+    form_.focus.clear();
+    if (QObject* object = control ? WidgetOf(control) : nullptr) {
+      if (auto* widget = qobject_cast<QWidget*>(object)) {
+        widget->setFocus(Qt::OtherFocusReason);
+        if (auto* line = qobject_cast<QLineEdit*>(widget)) {
+          line->setSelection(control->sel_start, control->sel_length);
+        }
+      }
+    }
+  }
+  syncing_ = false;
+}
+
+void Binder::SyncOne(Control* control, QObject* object) {
+  if (auto* action = qobject_cast<QAction*>(object)) {
+    if (!control->caption.empty()) action->setText(Q(control->caption));
+    action->setEnabled(control->enabled);
+    action->setVisible(control->visible);
+    return;
+  }
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (widget->isEnabled() != control->enabled) widget->setEnabled(control->enabled);
+  if (widget->isVisibleTo(widget->parentWidget()) != control->visible) {
+    widget->setVisible(control->visible);
+  }
+  QString tip = Q(control->tool_tip);
+  if (widget->toolTip() != tip) widget->setToolTip(tip);
+  if (control->fore_color != kDefaultColor || control->back_color != kDefaultColor) {
+    QPalette palette = widget->palette();
+    if (control->fore_color != kDefaultColor) {
+      palette.setColor(QPalette::WindowText, ColorOf(control->fore_color));
+      palette.setColor(QPalette::Text, ColorOf(control->fore_color));
+      palette.setColor(QPalette::ButtonText, ColorOf(control->fore_color));
+    }
+    if (control->back_color != kDefaultColor) {
+      widget->setAutoFillBackground(true);
+      palette.setColor(QPalette::Window, ColorOf(control->back_color));
+      palette.setColor(QPalette::Base, ColorOf(control->back_color));
+    }
+    widget->setPalette(palette);
+  } else if (widget->testAttribute(Qt::WA_SetPalette)) {
+    widget->setPalette(QPalette());
+  }
+
+  if (auto* label = qobject_cast<QLabel*>(widget)) {
+    QString caption = Shown(control->caption);
+    if (label->text() != caption) label->setText(caption);
+  } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
+    button->setText(Q(control->caption));
+  } else if (auto* check = qobject_cast<QCheckBox*>(widget)) {
+    if (!control->caption.empty()) check->setText(Q(control->caption));
+    check->setChecked(control->value != 0);
+  } else if (auto* option = qobject_cast<QRadioButton*>(widget)) {
+    if (!control->caption.empty()) option->setText(Q(control->caption));
+    option->setAutoExclusive(false);
+    option->setChecked(control->value != 0);
+  } else if (auto* group = qobject_cast<QGroupBox*>(widget)) {
+    group->setTitle(Q(control->caption));
+  } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
+    QString text = Q(control->text);
+    if (line->text() != text) line->setText(text);
+    line->setMaxLength(control->max_length > 0 ? control->max_length : 32767);
+    line->setEchoMode(control->password_char ? QLineEdit::Password : QLineEdit::Normal);
+    line->setReadOnly(control->locked);
+  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(widget)) {
+    QString text = Shown(control->text);
+    if (plain->toPlainText() != text) plain->setPlainText(text);
+    plain->setReadOnly(control->locked);
+  } else if (auto* list = qobject_cast<QListWidget*>(widget)) {
+    QStringList items = ItemsOf(*control);
+    bool same = list->count() == items.size();
+    for (int i = 0; same && i < items.size(); ++i) same = list->item(i)->text() == items[i];
+    if (!same) {
+      list->clear();
+      list->addItems(items);
+    }
+    if (list->currentRow() != control->list_index) list->setCurrentRow(control->list_index);
+  } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+    QStringList items = ItemsOf(*control);
+    bool same = combo->count() == items.size();
+    for (int i = 0; same && i < items.size(); ++i) same = combo->itemText(i) == items[i];
+    if (!same) {
+      combo->clear();
+      combo->addItems(items);
+    }
+    if (combo->currentIndex() != control->list_index) combo->setCurrentIndex(control->list_index);
+    if (combo->isEditable() && combo->currentText() != Q(control->text)) {
+      combo->setEditText(Q(control->text));
+    }
+  } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
+    auto* grid = static_cast<Grid*>(control);
+    if (table->rowCount() != grid->rows()) table->setRowCount(grid->rows());
+    if (table->columnCount() != grid->cols()) table->setColumnCount(grid->cols());
+    for (int r = 0; r < grid->rows(); ++r) {
+      for (int c = 0; c < grid->cols(); ++c) {
+        QString text = Q(grid->Cell(r, c));
+        QTableWidgetItem* item = table->item(r, c);
+        if (!item) {
+          item = new QTableWidgetItem(text);
+          bool fixed = r < grid->fixed_rows || c < grid->fixed_cols;
+          Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+          if (grid->editable && !fixed) flags |= Qt::ItemIsEditable;
+          item->setFlags(flags);
+          if (fixed) item->setBackground(table->palette().button());
+          table->setItem(r, c, item);
+        } else if (item->text() != text) {
+          item->setText(text);
+        }
+      }
+    }
+    for (int c = 0; c < grid->cols() && c < static_cast<int>(grid->col_widths.size()); ++c) {
+      if (grid->col_widths[c] > 0 && table->columnWidth(c) != Px(grid->col_widths[c])) {
+        table->setColumnWidth(c, Px(grid->col_widths[c]));
+      }
+    }
+    if (grid->row >= 0 && grid->row < grid->rows() && grid->col >= 0 && grid->col < grid->cols() &&
+        (table->currentRow() != grid->row || table->currentColumn() != grid->col)) {
+      table->setCurrentCell(grid->row, grid->col);
+    }
+  }
+}
+
+}  // namespace zelmo::ui

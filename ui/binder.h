@@ -1,0 +1,54 @@
+// The generic binder: puts a screen model's controls on the widgets of its
+// view (found by object name), forwards the widgets' events to the model and,
+// after each event, brings every widget in line with its control.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <vector>
+
+#include "core/controls.h"
+
+class QWidget;
+
+namespace zelmo {
+class Dialogs;
+}
+
+namespace zelmo::ui {
+
+class Binder : public QObject {
+ public:
+  // Binds every control of `form` to the child of `root` that has its name.
+  // `on_unload` runs when an event leaves the form unloaded.
+  Binder(Form& form, QWidget* root, Dialogs& dialogs, std::function<void()> on_unload);
+
+  // Runs a model event, guarded, then syncs the widgets.
+  void Fire(const std::function<void()>& event);
+  // Model to widgets.
+  void Sync();
+  QObject* WidgetOf(const Control* control) const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Pair {
+    Control* control;
+    QPointer<QObject> object;
+  };
+  void Connect(Control* control, QObject* object);
+  void SyncOne(Control* control, QObject* object);
+  Control* ControlOf(QObject* object) const;
+
+  Form& form_;
+  QWidget* root_;
+  Dialogs& dialogs_;
+  std::function<void()> on_unload_;
+  std::vector<Pair> pairs_;
+  bool syncing_ = false;
+  bool firing_ = false;
+};
+
+}  // namespace zelmo::ui

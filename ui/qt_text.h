@@ -1,0 +1,18 @@
+// Conversion between the program's single-byte text and Qt's Unicode. It
+// happens here and nowhere else.
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace zelmo::ui {
+
+QString Q(const std::string& cp1252);
+std::string S(const QString& text);
+// Text for the screen: a CR (with or without LF) is a line break.
+QString Shown(const std::string& cp1252);
+// Twips to pixels and back, by one fixed factor.
+inline int Px(int twips) { return twips / 15; }
+inline int Twips(int px) { return px * 15; }
+
+}  // namespace zelmo::ui

@@ -1,0 +1,25 @@
+#include "ui/views.h"
+
+#include <map>
+
+namespace zelmo::ui {
+
+namespace {
+std::map<std::string, ViewBuilder>& Registry() {
+  static std::map<std::string, ViewBuilder> registry;
+  return registry;
+}
+}  // namespace
+
+void RegisterView(const std::string& form_name, ViewBuilder builder) {
+  Registry()[form_name] = std::move(builder);
+}
+
+const ViewBuilder* FindView(const std::string& form_name) {
+  auto it = Registry().find(form_name);
+  return it == Registry().end() ? nullptr : &it->second;
+}
+
+void RegisterAllViews() { RegisterView("InpBox", BuildInpBox); }
+
+}  // namespace zelmo::ui

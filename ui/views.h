@@ -1,0 +1,28 @@
+// The views of the screens: each builds the widgets of one screen model into
+// a dialog, naming every widget after its control. The binder does the rest.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <string>
+
+#include "core/controls.h"
+
+namespace zelmo {
+struct Session;
+}
+
+namespace zelmo::ui {
+
+// Builds the widgets of `form` into `dialog`.
+using ViewBuilder = std::function<void(Form& form, QDialog& dialog, Session& session)>;
+
+void RegisterView(const std::string& form_name, ViewBuilder builder);
+const ViewBuilder* FindView(const std::string& form_name);
+// Registers every screen's view once.
+void RegisterAllViews();
+
+// The views, one per screen.
+void BuildInpBox(Form& form, QDialog& dialog, Session& session);
+
+}  // namespace zelmo::ui
