@@ -73,9 +73,9 @@ Binder::Binder(Form& form, QWidget* root, Dialogs& dialogs, std::function<void()
   for (Control* control : form_.controls()) {
     QObject* object = nullptr;
     if (control->kind() == ControlKind::kMenu) {
-      object = root_->findChild<QAction*>(QString::fromStdString(control->name()));
+      object = root_->findChild<QAction*>(Q(control->name()));
     } else {
-      object = root_->findChild<QWidget*>(QString::fromStdString(control->name()));
+      object = root_->findChild<QWidget*>(Q(control->name()));
     }
     if (!object) continue;
     pairs_.push_back({control, object});
