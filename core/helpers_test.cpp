@@ -218,3 +218,60 @@ TEST(InpBox, LimitsComparedInSinglePrecision) {
 
 }  // namespace
 }  // namespace zelmo
+
+namespace zelmo {
+namespace {
+
+// Every question the libraries ask through the input box: the title, prompt
+// and length reach the box, and a value out of range names the limits.
+TEST(InpBox, TheLibrariesQuestions) {
+  struct Use {
+    const char* prompt;
+    const char* title;
+    int max_length;
+    int kind;
+    float min, max;
+    const char* limits;
+  };
+  const Use uses[] = {
+      {"Type a name ", "Add Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
+      {"Type name of target ", "Copy Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
+      {"Type a new name ", "Rename Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
+      {"Type thickness (mm) ", "Add wall-layer", 5, -1, 1, 99999,
+       "Input value (Min:  1, Max:  99999)"},
+      {"Type thickness (mm) ", "Edit thickness", 5, -1, 1, 99999,
+       "Input value (Min:  1, Max:  99999)"},
+      {"Glass type name", "ADD GLASS TYPE", 30, 0, 0, 0, ""},
+      {"Type name", "ADD WINDOW", 30, 0, 0, 0, ""},
+      {"Target month (0= all other) ", "Copy month", 2, -1, 0, 12,
+       "Input value (Min:  0, Max:  12)"},
+  };
+  for (const Use& use : uses) {
+    testing::FakeSession fake;
+    fake.dialogs.screens["InpBox"] = [&](Form& form) {
+      auto& box = static_cast<InpBox&>(form);
+      EXPECT_EQ(box.caption, use.title);
+      EXPECT_EQ(box.Label1.caption, use.prompt);
+      EXPECT_EQ(box.Text1.max_length, use.max_length);
+      box.Text1.text = "-5";
+      box.Ok();
+      if (!box.unloaded) {
+        box.Text1.text = "5";
+        box.Ok();
+      }
+    };
+    std::string answer = AskInput(fake.session, use.prompt, "", use.title, use.max_length, use.kind,
+                                  use.min, use.max, false);
+    if (use.kind == 0) {
+      EXPECT_EQ(answer, "-5") << use.title;
+      EXPECT_TRUE(fake.dialogs.messages.empty()) << use.title;
+    } else {
+      EXPECT_EQ(answer, "5") << use.title;
+      ASSERT_EQ(fake.dialogs.messages.size(), 1u) << use.title;
+      EXPECT_EQ(fake.dialogs.Last().text, use.limits);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zelmo
