@@ -1,0 +1,116 @@
+#include "simulation/launchers.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+#include "core/dialogs.h"
+#include "core/fields.h"
+#include "core/file_system.h"
+#include "core/numbers.h"
+#include "core/ports.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "simulation/module_error.h"
+#include "simulation/modules.h"
+
+namespace zelmo {
+
+namespace {
+
+void NoComfort(Session& session) {
+  session.dialogs->MsgBox("No Comfort calculations has been done", mb::kExclamation, "Comfort");
+}
+
+// Felt.EXE, then the viewer when Felt.EXE has left its Felt.GGG.
+void RunComfortPrograms(Session& session, const std::string& viewer,
+                        const std::string& viewer_argument) {
+  const Workspace& ws = session.ws;
+  RunProgram(session, JoinPath(ws.ComfortDirectory, "Felt.EXE"), {CaseArgument(ws)},
+             window_mode::kNoActivate);
+  if (!FileCanOpen(JoinPath(ws.CasePath, "Felt.GGG"))) {
+    NoComfort(session);
+    return;
+  }
+  RunProgram(session, JoinPath(ws.ComfortDirectory, viewer), {viewer_argument},
+             window_mode::kNormal);
+}
+
+}  // namespace
+
+void RunLineDiagram(Session& session) {
+  const Workspace& ws = session.ws;
+  RunProgram(session, JoinPath(ws.DiagramDirectory, "RSDiagram.EXE"), {CaseArgument(ws)},
+             window_mode::kNormal);
+}
+
+void RunThermalComfort(Session& session) {
+  const Workspace& ws = session.ws;
+  int code = 0;
+  std::string module, text;
+  double number = 0;
+  if (!ReadStatusFile(ws, code, module, text, number)) {
+    ShowPreviousRunError(session, code, module);
+    return;
+  }
+  if (!ComfortVolumeChosen(ws)) {
+    NoComfort(session);
+    return;
+  }
+  RunComfortPrograms(session, "TrvComf.EXE", CaseArgument(ws) + "Felt");
+}
+
+void RunVisualComfort(Session& session) {
+  const Workspace& ws = session.ws;
+  if (!ComfortVolumeChosen(ws)) {
+    NoComfort(session);
+    return;
+  }
+  RunComfortPrograms(session, "TRVdaylight.exe", ws.CasePath);
+}
+
+void ShowUsersManual(Session& session) {
+  const Workspace& ws = session.ws;
+  std::string marker = JoinPath(ws.MainDirectory, "pq.pdf");
+  TouchFile(marker);
+  std::string reader = RegisteredProgram(session, marker);
+  if (reader.empty()) {
+    session.dialogs->MsgBox("No Excel program was found ! ", mb::kExclamation, "Error message");
+    return;
+  }
+  // The manual lies on the medium the program came on, at the root of the
+  // program's drive.
+  std::string root = FromFsPath(ToFsPath(ws.MainDirectory).root_path());
+  RunProgram(session, reader, {root + "document" + Separator() + "CD_Zelmo4w4.pdf"},
+             window_mode::kNormal);
+}
+
+bool ComfortVolumeChosen(const Workspace& ws) {
+  auto lines = ReadAllLines(JoinPath(ws.CasePath, "OUTPUT.INP"));
+  if (!lines) return false;
+  // Rows of volumes start on line 4; the eighth cell is the comfort choice.
+  for (size_t i = 3; i < lines->size(); ++i) {
+    std::vector<std::string> cells = SplitTabs((*lines)[i]);
+    if (cells.size() >= 8 && std::fabs(Val(TrimBlanks(cells[7]))) != 0) return true;
+  }
+  return false;
+}
+
+std::string RegisteredProgram(Session& session, const std::string& file) {
+  std::string found = session.desktop ? session.desktop->FindExecutable(file) : std::string();
+  size_t at = found.find(".exe");
+  if (at == std::string::npos) at = found.find(".EXE");
+  if (at != std::string::npos) return found.substr(0, at + 4);
+#ifdef _WIN32
+  return {};
+#else
+  // Programs here carry no .exe ending: the whole answer is the program.
+  return found;
+#endif
+}
+
+void TouchFile(const std::string& path) {
+  std::ofstream touch(ResolvePath(ToFsPath(path)), std::ios::binary | std::ios::app);
+}
+
+}  // namespace zelmo

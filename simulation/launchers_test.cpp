@@ -1,0 +1,121 @@
+#include "simulation/launchers.h"
+
+#include <gtest/gtest.h>
+
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "simulation/module_error.h"
+
+namespace zelmo {
+namespace {
+
+using testing::FakeSession;
+using testing::RunCall;
+using testing::TempDir;
+using testing::WriteBytes;
+
+// A case with a finished run and a volume chosen for comfort.
+struct ComfortCase {
+  ComfortCase() {
+    ws().CasePath = dir / "proj/case1";
+    ws().ComfortDirectory = "/z/FELT";
+    ws().DiagramDirectory = "/z/DIAGRAM";
+    ws().ProgramDirectory = dir.path();
+    WriteBytes(dir / "proj/case1/ECM.Dat", "    0 MUK       \r\nTOM\r\n0\r\n");
+    WriteBytes(dir / "proj/case1/OUTPUT.INP",
+               "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n2\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
+    // Felt.EXE leaves Felt.GGG in the case folder.
+    fake.processes.on_run = [this](const RunCall& call) {
+      if (call.program == JoinPath("/z/FELT", "Felt.EXE")) WriteBytes(case_file("Felt.GGG"), "");
+    };
+  }
+  Workspace& ws() { return fake.ws(); }
+  std::string case_file(const std::string& name) { return JoinPath(ws().CasePath, name); }
+  TempDir dir;
+  FakeSession fake;
+};
+
+TEST(Launchers, LineDiagramAndComfortCommandLines) {
+  ComfortCase c;
+  std::string arg = JoinPath(c.ws().CasePath, "");
+  RunLineDiagram(c.fake.session);
+  RunThermalComfort(c.fake.session);
+  std::filesystem::remove(ToFsPath(c.case_file("Felt.GGG")));
+  RunVisualComfort(c.fake.session);
+  const auto& calls = c.fake.processes.calls;
+  ASSERT_EQ(calls.size(), 5u);
+  EXPECT_EQ(calls[0].program, JoinPath("/z/DIAGRAM", "RSDiagram.EXE"));
+  EXPECT_EQ(calls[0].arguments, std::vector<std::string>{arg});
+  EXPECT_EQ(calls[0].window_mode, 5);
+  EXPECT_EQ(calls[1].program, JoinPath("/z/FELT", "Felt.EXE"));
+  EXPECT_EQ(calls[1].arguments, std::vector<std::string>{arg});
+  EXPECT_EQ(calls[1].window_mode, 7);
+  EXPECT_EQ(calls[2].program, JoinPath("/z/FELT", "TrvComf.EXE"));
+  EXPECT_EQ(calls[2].arguments, std::vector<std::string>{arg + "Felt"});
+  EXPECT_EQ(calls[2].window_mode, 5);
+  EXPECT_EQ(calls[3].program, JoinPath("/z/FELT", "Felt.EXE"));
+  EXPECT_EQ(calls[3].window_mode, 7);
+  EXPECT_EQ(calls[4].program, JoinPath("/z/FELT", "TRVdaylight.exe"));
+  EXPECT_EQ(calls[4].arguments, std::vector<std::string>{c.ws().CasePath});
+  EXPECT_EQ(calls[4].window_mode, 5);
+  EXPECT_TRUE(c.fake.dialogs.messages.empty());
+}
+
+TEST(Launchers, ComfortRefusals) {
+  ComfortCase c;
+  // No Felt.GGG after Felt.EXE: the viewer is not started.
+  c.fake.processes.on_run = nullptr;
+  RunThermalComfort(c.fake.session);
+  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
+  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.Last().text, "No Comfort calculations has been done");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Comfort");
+  EXPECT_EQ(c.fake.dialogs.Last().style, 48);
+
+  // No volume chosen for comfort: nothing starts.
+  c.fake.processes.calls.clear();
+  WriteBytes(c.case_file("OUTPUT.INP"), "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
+  RunThermalComfort(c.fake.session);
+  RunVisualComfort(c.fake.session);
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_EQ(c.fake.dialogs.messages.size(), 3u);
+
+  // After a failed run the error screen shows code 701 and nothing starts.
+  WriteBytes(c.dir / "ErrorCodesZelmo/ErrorsZelmo.err", "701 ZELMO-QRN\r\nRun again.\r\n");
+  WriteBytes(c.case_file("ECM.Dat"), "  202 NEB       \r\nTOM\r\n0\r\n");
+  std::string title, label;
+  c.fake.dialogs.screens["Errform"] = [&](Form& form) {
+    title = form.caption;
+    label = static_cast<Errform&>(form).Label1.caption;
+  };
+  RunThermalComfort(c.fake.session);
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_EQ(title, "Error  701 in module ZELMO-QRN");
+  EXPECT_EQ(label,
+            "Previous calculation for this case has ended with en error 202 in module "
+            "NEB.\r\nRun again. ");
+}
+
+TEST(Launchers, UsersManualThroughTheRegisteredReader) {
+  TempDir dir;
+  FakeSession fake;
+  fake.ws().MainDirectory = dir / "TGZELMO";
+  std::filesystem::create_directories(ToFsPath(fake.ws().MainDirectory));
+  fake.desktop.registered_program = "C:\\Reader\\AcroRd32.exe /s";
+  ShowUsersManual(fake.session);
+  ASSERT_EQ(fake.processes.calls.size(), 1u);
+  EXPECT_EQ(fake.processes.calls[0].program, "C:\\Reader\\AcroRd32.exe");
+  std::string root = FromFsPath(ToFsPath(dir.path()).root_path());
+  EXPECT_EQ(fake.processes.calls[0].arguments,
+            std::vector<std::string>{root + JoinPath("document", "CD_Zelmo4w4.pdf")});
+  EXPECT_EQ(fake.processes.calls[0].window_mode, 5);
+  EXPECT_TRUE(FileCanOpen(dir / "TGZELMO/pq.pdf"));
+
+  fake.desktop.has_registered_program = false;
+  ShowUsersManual(fake.session);
+  EXPECT_EQ(fake.processes.calls.size(), 1u);
+  EXPECT_EQ(fake.dialogs.Last().text, "No Excel program was found ! ");
+}
+
+}  // namespace
+}  // namespace zelmo

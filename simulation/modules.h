@@ -1,0 +1,40 @@
+// Running the calculation modules. Each module is a separate program that
+// gets the case folder as its only argument; the system learns how it ended
+// only from the status file ECM.Dat that the module leaves in the case folder.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zelmo {
+
+struct Session;
+struct Workspace;
+
+inline constexpr const char* kStatusFile = "ECM.Dat";
+
+// The chain of modules in run order, as they lie in `ThermalDirectory`.
+inline const std::vector<std::string> kModulePrograms = {"PLOR.EXE", "NEB.EXE",  "CORV.EXE",
+                                                         "FENT.EXE", "DANE.EXE", "MUK.EXE"};
+
+// Starts a program and waits for it to end. Whether it started and how it
+// ended is not looked at.
+void RunProgram(Session& session, const std::string& program,
+                const std::vector<std::string>& arguments, int window_mode);
+
+// The case folder as a module takes it: `CasePath` with the separator behind.
+std::string CaseArgument(const Workspace& ws);
+
+// Runs `<ThermalDirectory>/<program> <CasePath>/`, without taking the focus.
+void RunModule(Session& session, const std::string& program);
+
+// Writes ECM.Dat as a chain of modules starts: code 0, module "Start".
+bool InitStatusFile(const Workspace& ws);
+
+// Reads ECM.Dat. True when the code is 0 or below; `code` comes back as its
+// absolute value. When the file cannot be opened `module` is "??", `code`
+// stays as it was and the result is false. A file cut short throws FileError.
+bool ReadStatusFile(const Workspace& ws, int& code, std::string& module, std::string& text,
+                    double& number);
+
+}  // namespace zelmo

@@ -1,0 +1,164 @@
+#include "simulation/results_screen.h"
+
+#include <gtest/gtest.h>
+
+#include "core/fields.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+
+namespace zelmo {
+namespace {
+
+using testing::Exists;
+using testing::FakeSession;
+using testing::ReadBytes;
+using testing::TempDir;
+using testing::WriteBytes;
+
+struct ResultsCase {
+  ResultsCase() {
+    ws().ProjectName = "Office";
+    ws().ProjectPath = dir / "office";
+    ws().CaseName = "case2";
+    ws().CasePath = dir / "office/case2";
+    ws().MainDirectory = dir / "TGZELMO";
+    ws().ProgramDirectory = dir.path();
+    WriteBytes(dir / "office/CASES.LIB", "case1 - First\r\ncase2 - Second\r\n");
+    WriteBytes(dir / "office/case1/a.LIS", "one\r\n");
+    WriteBytes(dir / "office/case2/PLOR.LIS", "PLOR report\r\nline 2");
+    WriteBytes(dir / "office/case2/muk.lis", "MUK\r\n");
+    WriteBytes(dir / "office/case2/LOADS.TXT", "1,5\t2,25\r\n3.0\r\n");
+    std::filesystem::create_directories(ToFsPath(ws().MainDirectory));
+  }
+  Workspace& ws() { return fake.ws(); }
+  TempDir dir;
+  FakeSession fake;
+};
+
+void Select(Control& list, const std::string& item) {
+  for (size_t i = 0; i < list.items.size(); ++i) {
+    if (list.items[i] == item) {
+      list.list_index = static_cast<int>(i);
+      return;
+    }
+  }
+  FAIL() << item << " not listed";
+}
+
+TEST(Results, ListsCasesTypesAndFiles) {
+  ResultsCase c;
+  Results screen(c.fake.session);
+  screen.Load();
+  EXPECT_EQ(screen.caption, "TextFiles");
+  EXPECT_EQ(screen.Label1.caption, "Existing cases - Project : office");
+  EXPECT_EQ(screen.CaseList.items, (std::vector<std::string>{"case1 - First", "case2 - Second"}));
+  EXPECT_EQ(screen.CaseList.list_index, 1);
+  EXPECT_EQ(screen.TypeList.items, (std::vector<std::string>{"LIS", "TXT"}));
+  EXPECT_EQ(screen.FilePath(), c.dir / "office/case2");
+  EXPECT_EQ(screen.File1.items.size(), 3u);  // no type chosen: every file
+
+  Select(screen.TypeList, "LIS");
+  screen.TypeList.on_click();
+  EXPECT_EQ(screen.FilePattern(), "*.LIS");
+  EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"PLOR.LIS", "muk.lis"}));
+
+  Select(screen.CaseList, "case1 - First");
+  screen.CaseList.on_click();
+  EXPECT_EQ(screen.File1.items, std::vector<std::string>{"a.LIS"});
+
+  // A case folder without result files: an empty list, and nothing happens.
+  WriteBytes(c.dir / "office/CASES.LIB", "case3 - Empty\r\n");
+  Results empty(c.fake.session);
+  c.ws().CaseName = "case3";
+  empty.Load();
+  EXPECT_TRUE(empty.File1.items.empty());
+  empty.File1.on_click();
+  empty.File1.on_dbl_click();
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_TRUE(c.fake.dialogs.messages.empty());
+}
+
+TEST(Results, ShowsPrintsAndOpensAReport) {
+  ResultsCase c;
+  Results screen(c.fake.session);
+  screen.Load();
+  Select(screen.TypeList, "LIS");
+  screen.TypeList.on_click();
+  EXPECT_FALSE(screen.Command1.visible);
+  Select(screen.File1, "PLOR.LIS");
+  screen.File1.on_click();
+  EXPECT_EQ(screen.Text1.text, "PLOR report\r\nline 2\r\n");
+  EXPECT_TRUE(screen.Command1.visible);
+  screen.Command1.on_click();
+  EXPECT_EQ(c.fake.desktop.printed, std::vector<std::string>{"PLOR report\r\nline 2\r\n"});
+
+  std::string path = c.dir / "office/case2/PLOR.LIS";
+  screen.File1.on_dbl_click();
+  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
+  EXPECT_EQ(c.fake.processes.calls[0].program, c.dir / "TGZELMO/QEDITOR.EXE");
+  EXPECT_EQ(c.fake.processes.calls[0].arguments, std::vector<std::string>{path});
+  EXPECT_EQ(c.fake.processes.calls[0].window_mode, 5);
+  EXPECT_EQ(screen.caption, "Results - " + ToLower(path));
+
+  std::filesystem::remove(ToFsPath(path));
+  screen.File1.on_dbl_click();
+  EXPECT_EQ(c.fake.processes.calls.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Can not find the file " + path);
+  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
+  EXPECT_EQ(c.fake.dialogs.Last().style, 48);
+
+  screen.Command3.on_click();
+  ASSERT_EQ(c.fake.desktop.help_calls.size(), 1u);
+  EXPECT_EQ(c.fake.desktop.help_calls[0].first, c.dir / "Help_English/ZELMO_e.chm");
+  EXPECT_EQ(c.fake.desktop.help_calls[0].second, 12120);
+  screen.Command2.on_click();
+  EXPECT_TRUE(screen.unloaded);
+}
+
+TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
+  ResultsCase c;
+  c.ws().DecimalComma = true;
+  c.fake.desktop.registered_program = "C:\\Office\\EXCEL.EXE \"%1\"";
+  Results screen(c.fake.session);
+  screen.Load();
+  Select(screen.TypeList, "TXT");
+  screen.TypeList.on_click();
+  Select(screen.File1, "LOADS.TXT");
+  screen.File1.on_click();
+  EXPECT_EQ(screen.Text1.text, "");  // tables are not shown in the box
+  EXPECT_FALSE(screen.Command1.visible);
+
+  std::string path = c.dir / "office/case2/LOADS.TXT";
+  screen.File1.on_dbl_click();
+  EXPECT_EQ(ReadBytes(path), "1,5\t2,25\r\n3,0\r\n");
+  EXPECT_FALSE(Exists(c.dir / "office/case2/TLOADS.TXT"));
+  EXPECT_TRUE(Exists(c.dir / "TGZELMO/pq.xls"));
+  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
+  EXPECT_EQ(c.fake.processes.calls[0].program, "C:\\Office\\EXCEL.EXE");
+  EXPECT_EQ(c.fake.processes.calls[0].arguments,
+            (std::vector<std::string>{c.dir / "TGZELMO/pq.xls", path}));
+
+  // A point system turns every comma into a point; a last line gets its end.
+  WriteBytes(path, "1,5\t2,25\r\n3.0");
+  c.ws().DecimalComma = false;
+  EXPECT_TRUE(RewriteDecimalSeparators(path, false));
+  EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
+
+  c.fake.desktop.has_registered_program = false;
+  screen.File1.on_dbl_click();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "No Excel program was found ! ");
+  EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
+
+  // "Reports": the program registered for the file.
+  c.fake.desktop.has_registered_program = true;
+  c.fake.desktop.registered_program = "/usr/bin/editor";
+  screen.Option1.value = 0;
+  screen.Option2.value = 1;
+  screen.File1.on_dbl_click();
+  ASSERT_EQ(c.fake.processes.calls.size(), 2u);
+  EXPECT_EQ(c.fake.processes.calls[1].arguments, std::vector<std::string>{path});
+  EXPECT_EQ(c.fake.processes.calls[1].window_mode, 5);
+}
+
+}  // namespace
+}  // namespace zelmo
