@@ -20,6 +20,10 @@ const ViewBuilder* FindView(const std::string& form_name) {
   return it == Registry().end() ? nullptr : &it->second;
 }
 
-void RegisterAllViews() { RegisterView("InpBox", BuildInpBox); }
+void RegisterAllViews() {
+  RegisterView("InpBox", BuildInpBox);
+  RegisterView("FluidAdv", BuildFluidAdv);
+  RegisterView("ForceVent", BuildForceVent);
+}
 
 }  // namespace zelmo::ui

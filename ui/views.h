@@ -24,5 +24,7 @@ void RegisterAllViews();
 
 // The views, one per screen.
 void BuildInpBox(Form& form, QDialog& dialog, Session& session);
+void BuildFluidAdv(Form& form, QDialog& dialog, Session& session);
+void BuildForceVent(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui

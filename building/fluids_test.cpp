@@ -1,0 +1,120 @@
+#include "building/fluids.h"
+
+#include <gtest/gtest.h>
+
+#include "building/advconn.h"
+#include "building/fluids_test_case.h"
+#include "building/forcevent.h"
+#include "building/volumes.h"
+
+namespace zelmo {
+namespace {
+
+using testing::FluidsCase;
+
+TEST(ReadFluids, AirForEveryVolumeThenTheFileLaidOver) {
+  FluidsCase c;
+  FluidTable missing = ReadFluids(c.fake.ws(), {"1", "3"});
+  EXPECT_EQ(missing.FluidOf("1"), "1");
+  EXPECT_EQ(missing.FluidOf("3"), "1");
+  EXPECT_EQ(missing.rows[3].volume, "3");
+  EXPECT_EQ(missing.rows[2].volume, "");
+
+  // Lines address the slot by volume number; a volume no longer present and
+  // lines of no volume are harmless.
+  c.Put("FLUIDS.INP", " 3 \t 2 \r\n1\t3\r\n7\t2\r\nabc\t2\r\n\r\n12\t3\r\nno tab\r\n");
+  FluidTable table = ReadFluids(c.fake.ws(), {"1", "3"});
+  EXPECT_EQ(table.FluidOf("1"), "3");
+  EXPECT_EQ(table.FluidOf("3"), "2");
+  EXPECT_EQ(table.FluidOf("7"), "2");
+  EXPECT_EQ(table.FluidOf("2"), "1");
+
+  ASSERT_TRUE(WriteFluids(c.fake.ws(), {{"1", "3"}, {"3", ""}, {"4", "1"}}));
+  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t3\r\n3\t\r\n4\t1\r\n");
+}
+
+TEST(ReadAdvConn, OneRowPerPairOfVolumesInTheOrderOfTheElements) {
+  FluidsCase c;
+  SurfaceVolumes volumes;
+  volumes.front = {"0", "2", "1", "-1", "3", "2", "", "1"};
+  volumes.back = {"1", "1", "2", "2", "2", "0", "3", "3"};
+  auto rows = ReadAdvConn(c.fake.ws(), volumes);
+  ASSERT_EQ(rows.size(), 3u);
+  EXPECT_EQ(rows[0].pair, "1 - 2");  // 2 to 1 and 1 to 2 make one row
+  EXPECT_EQ(rows[1].pair, "2 - 3");
+  EXPECT_EQ(rows[2].pair, "1 - 3");
+  EXPECT_EQ(rows[0].distance, "0");
+  EXPECT_EQ(rows[0].area, "0");
+  EXPECT_EQ(AdvPairName("3", "1"), "1 - 3");
+}
+
+TEST(ReadAdvConn, TheFileFillsExistingPairsAndLosesTheRestAtTheNextSave) {
+  FluidsCase c;
+  c.Put("ADVCONN.INP",
+        "1 - 2\t3.5\t2.1\r\n"
+        " 1 - 3 \t 4 \t 1.5 \r\n"
+        "2 - 3\t9\t9\r\n"
+        "2 - 1\t7\t7\r\n"
+        "1 - 4\r\n");
+  SurfaceVolumes volumes;
+  volumes.front = {"1", "3"};
+  volumes.back = {"2", "1"};
+  auto rows = ReadAdvConn(c.fake.ws(), volumes);
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0].pair, "1 - 2");
+  EXPECT_EQ(rows[0].distance, "3.5");
+  EXPECT_EQ(rows[0].area, "2.1");
+  EXPECT_EQ(rows[1].pair, "1 - 3");
+  EXPECT_EQ(rows[1].distance, "4");
+  EXPECT_EQ(rows[1].area, "1.5");
+
+  ASSERT_TRUE(WriteAdvConn(c.fake.ws(), rows));
+  EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t3.5\t2.1\r\n1 - 3\t4\t1.5\r\n");
+}
+
+TEST(ReadForcedVent, PairsWithOutdoorThenTheFlowsOfTheFile) {
+  FluidsCase c;
+  auto pairs = BuildVolumePairs({"1", "2", "3"}, true);
+  ASSERT_EQ(pairs,
+            (std::vector<std::string>{"1 -> 2", "1 -> 3", "0 -> 1", "2 -> 3", "0 -> 2", "0 -> 3"}));
+  auto fresh = ReadForcedVent(c.fake.ws(), pairs);
+  ASSERT_EQ(fresh.size(), 6u);
+  EXPECT_EQ(fresh[2].from, "0");
+  EXPECT_EQ(fresh[2].to, "1");
+  EXPECT_EQ(fresh[2].flow, "0");
+
+  // A volume that is gone (4) loses its rows; a reversed pair is no pair.
+  c.Put("FORCEVEN.INP", "0\t1\t25\r\n 1 \t 2 \t -12.5 \r\n2\t1\t7\r\n0\t4\t9\r\n1\t4\t3\r\n");
+  auto rows = ReadForcedVent(c.fake.ws(), {"1 -> 2", "0 -> 1", "-1 -> 2"});
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0].flow, "-12.5");
+  EXPECT_EQ(rows[1].flow, "25");
+  ASSERT_TRUE(WriteForcedVent(c.fake.ws(), rows));
+  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), "1\t2\t-12.5\r\n0\t1\t25\r\n");
+}
+
+TEST(VentBalanceMessage, SumsInSinglePrecisionAgainstTheThreshold) {
+  // 25 in from Outdoor, on to Volume 2 and back out by a backward flow.
+  std::vector<VentRow> rows = {{"1", "2", "25"}, {"0", "1", "25"}, {"0", "2", "-25"}};
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "");
+
+  rows = {{"1", "2", "0.004"}, {"0", "1", "0"}, {"0", "2", "0"}};
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "");
+  rows[0].flow = "0.0049";
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "");
+  rows[0].flow = "0.005";
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "Volume 1: .005\rVolume 2: -.005\r");
+
+  // Flows that leave a remainder of 0.004 pass, of 0.005 are reported.
+  rows = {{"1", "2", "30"}, {"0", "1", "30.004"}, {"0", "2", "-30"}};
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "");
+  rows[1].flow = "30.005";
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "Volume 1: -.005\r");
+
+  // Outdoor need not balance, and numbers follow the number rule.
+  rows = {{"0", "1", "10abc"}, {"1", "2", "10"}, {"0", "2", "x"}};
+  EXPECT_EQ(VentBalanceMessage(rows, {"1", "2"}), "Volume 2: -10\r");
+}
+
+}  // namespace
+}  // namespace zelmo

@@ -1,0 +1,43 @@
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "building/force_vent_screen.h"
+#include "ui/qt_text.h"
+#include "ui/views.h"
+
+namespace zelmo::ui {
+
+void BuildForceVent(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<ForceVent&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* table = new QTableWidget(&dialog);
+  table->setObjectName("Grid1");
+  // The header line is the grid's own first row.
+  table->horizontalHeader()->hide();
+  table->verticalHeader()->hide();
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->verticalHeader()->setDefaultSectionSize(Px(285));
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  int width = 0;
+  for (int w : screen.Grid1.col_widths) width += Px(w);
+  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
+  table->setFixedHeight(16 * Px(285) + 4);
+  layout->addWidget(table);
+  auto* buttons = new QHBoxLayout;
+  auto* ok = new QPushButton(&dialog);
+  ok->setObjectName("Command1");
+  auto* cancel = new QPushButton(&dialog);
+  cancel->setObjectName("Command2");
+  buttons->addStretch();
+  buttons->addWidget(ok);
+  buttons->addWidget(cancel);
+  layout->addSpacing(Px(120));
+  layout->addLayout(buttons);
+}
+
+}  // namespace zelmo::ui
