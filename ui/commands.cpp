@@ -1,5 +1,7 @@
 #include "ui/commands.h"
 
+#include "simulation/launchers.h"
+#include "simulation/results_screen.h"
 #include "workspace/start_form.h"
 
 namespace zelmo::ui {
@@ -7,6 +9,16 @@ namespace zelmo::ui {
 void WireCommands(StartForm& main) {
   // One line per command, grouped by menu: main.M_X.on_click = [&main] { ... };
   (void)main;
+  // Results
+  main.M_Textfiles.on_click = [&main] {
+    Results results(main.session());
+    main.session().dialogs->ShowModal(results);
+  };
+  main.M_Line.on_click = [&main] { RunLineDiagram(main.session()); };
+  main.M_Comfort.on_click = [&main] { RunThermalComfort(main.session()); };
+  main.M_VComfort.on_click = [&main] { RunVisualComfort(main.session()); };
+  // Help
+  main.M_HelpInfo.on_click = [&main] { ShowUsersManual(main.session()); };
 }
 
 }  // namespace zelmo::ui

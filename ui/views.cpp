@@ -22,6 +22,8 @@ const ViewBuilder* FindView(const std::string& form_name) {
 
 void RegisterAllViews() {
   RegisterView("InpBox", BuildInpBox);
+  RegisterView("Results", BuildResults);
+  RegisterView("Errform", BuildErrform);
   RegisterView("FluidAdv", BuildFluidAdv);
   RegisterView("ForceVent", BuildForceVent);
 }

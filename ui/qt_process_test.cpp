@@ -1,0 +1,100 @@
+#include "ui/qt_process.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "core/file_system.h"
+#include "core/session.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "simulation/modules.h"
+#include "ui/test_support.h"
+
+namespace zelmo::ui {
+namespace {
+
+using testing::Exists;
+using testing::ReadBytes;
+using testing::TempDir;
+using testing::WriteBytes;
+
+struct ModuleRun {
+  ModuleRun() {
+    TestApp();
+    const char* dist = std::getenv("ZELMO_DIST_DIR");
+    EXPECT_TRUE(dist) << "ZELMO_DIST_DIR names the staged program tree";
+    session.processes = &runner;
+    session.ws.ThermalDirectory = JoinPath(dist ? dist : "", "TZELMO");
+    session.ws.CasePath = dir / "my project/case 1";
+    WriteBytes(dir / "my project/case 1/DAT1.DAT", "Headline\r\n 1.00 2.00\r\n");
+    WriteBytes(dir / "my project/Wndw.Lib", "1\r\n");
+  }
+  // Runs a module after a fresh status file and reads what it left.
+  bool Run(const std::string& program) {
+    EXPECT_TRUE(InitStatusFile(session.ws));
+    RunModule(session, program);
+    module.clear();
+    code = -1;
+    return ReadStatusFile(session.ws, code, module, text, number);
+  }
+  std::string CaseFile(const std::string& name) { return JoinPath(session.ws.CasePath, name); }
+
+  TempDir dir;
+  QtProcessRunner runner;
+  Session session;
+  int code = -1;
+  std::string module, text;
+  double number = 0;
+};
+
+TEST(QtProcessRunner, RunsEachStagedModuleOnACaseFolderWithBlanks) {
+  ModuleRun run;
+  for (const std::string& program : kModulePrograms) {
+    ASSERT_TRUE(run.Run(program)) << program;
+    std::string name = program.substr(0, program.find('.'));
+    EXPECT_EQ(run.module, name);
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(
+        ReadBytes(run.CaseFile("ECM.Dat")),
+        "    0 " + name + std::string(10 - name.size(), ' ') + "\r\nStand-in module\r\n0\r\n");
+    std::string report = ReadBytes(run.CaseFile(name + ".LIS"));
+    EXPECT_NE(report.find("Case folder: " + run.session.ws.CasePath + Separator() + "\r\n"),
+              std::string::npos)
+        << report;
+    EXPECT_NE(report.find("DAT1.DAT   (case): 2 lines, 22 bytes"), std::string::npos) << report;
+    EXPECT_NE(report.find("Wndw.Lib   (project): 1 lines, 3 bytes"), std::string::npos) << report;
+  }
+}
+
+TEST(QtProcessRunner, EveryEndingOfAModuleReachesTheStatusFile) {
+  ModuleRun run;
+  WriteBytes(run.CaseFile("STANDIN.INP"),
+             "PLOR ERROR 101\r\nneb error -4\r\nCORV NOSTATUS\r\nFENT DELAY 1\r\n"
+             "DANE EXIT 3\r\n");
+  EXPECT_FALSE(run.Run("PLOR.EXE"));
+  EXPECT_EQ(run.code, 101);
+  EXPECT_EQ(run.module, "PLOR");
+
+  EXPECT_TRUE(run.Run("NEB.EXE"));  // a negative code is no error
+  EXPECT_EQ(run.code, 4);
+
+  EXPECT_FALSE(run.Run("CORV.EXE"));
+  EXPECT_EQ(run.module, "??");
+  EXPECT_FALSE(Exists(run.CaseFile("ECM.Dat")));
+
+  auto start = std::chrono::steady_clock::now();
+  EXPECT_TRUE(run.Run("FENT.EXE"));
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(950));
+  EXPECT_EQ(run.module, "FENT");
+
+  EXPECT_TRUE(run.Run("DANE.EXE"));  // the exit code is not looked at
+  EXPECT_EQ(run.module, "DANE");
+
+  // A program that cannot start leaves the status file as it was.
+  EXPECT_TRUE(run.Run("NOSUCH.EXE"));
+  EXPECT_EQ(run.module, "Start");
+}
+
+}  // namespace
+}  // namespace zelmo::ui
