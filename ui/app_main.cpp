@@ -5,6 +5,7 @@
 
 #include "core/session.h"
 #include "ui/qt_dialogs.h"
+#include "ui/qt_process.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
@@ -14,6 +15,10 @@ int RunProgram(QApplication& app) {
   Session session;
   QtDialogs dialogs(session);
   session.dialogs = &dialogs;
+  // Keep when rewriting: the calculation modules and the result programs
+  // start through this port.
+  QtProcessRunner processes;
+  session.processes = &processes;
   QMainWindow window;
   window.setObjectName("StartForm");
   window.resize(800, 600);
