@@ -121,8 +121,14 @@ void Results::FileOpen() {
     session_.dialogs->MsgBox("Can not find the file " + path, mb::kExclamation, "MESSAGE");
     return;
   }
-  RunProgram(session_, JoinPath(session_.ws.MainDirectory, "QEDITOR.EXE"), {path},
-             window_mode::kNormal);
+  std::string editor = JoinPath(session_.ws.MainDirectory, "QEDITOR.EXE");
+  if (FileCanOpen(editor) || !session_.desktop) {
+    RunProgram(session_, editor, {path}, window_mode::kNormal);
+  } else {
+    // An installation without the editor opens the file with the program
+    // registered for it, rather than nothing at all.
+    session_.desktop->OpenWithRegistered(path);
+  }
   caption = "Results - " + ToLower(path);
 }
 

@@ -92,7 +92,12 @@ TEST(Results, ShowsPrintsAndOpensAReport) {
   screen.Command1.on_click();
   EXPECT_EQ(c.fake.desktop.printed, std::vector<std::string>{"PLOR report\r\nline 2\r\n"});
 
+  // Without the editor in the program tree the registered program opens it.
   std::string path = c.dir / "office/case2/PLOR.LIS";
+  screen.File1.on_dbl_click();
+  EXPECT_EQ(c.fake.desktop.opened, std::vector<std::string>{path});
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  WriteBytes(c.dir / "TGZELMO/QEDITOR.EXE", "");
   screen.File1.on_dbl_click();
   ASSERT_EQ(c.fake.processes.calls.size(), 1u);
   EXPECT_EQ(c.fake.processes.calls[0].program, c.dir / "TGZELMO/QEDITOR.EXE");
