@@ -1,0 +1,92 @@
+#include "building/surface_file.h"
+
+#include "core/fields.h"
+#include "core/stale.h"
+#include "core/text_file.h"
+#include "core/workspace.h"
+
+namespace zelmo {
+
+SurfaceTable::SurfaceTable()
+    : SurfName(kMaxElements + 1),
+      SurfData(kMaxElements + 1, std::vector<std::string>(kSurfaceFields + 1)) {}
+
+void ClearElement(SurfaceTable& table, int slot) {
+  auto& fields = table.SurfData[slot];
+  fields.assign(kSurfaceFields + 1, "");
+  fields[1] = fields[4] = fields[5] = fields[6] = "0";
+}
+
+namespace {
+
+std::string SurfacePath(const Workspace& ws) { return JoinPath(ws.CasePath, kSurfaceFile); }
+
+// The slot an element of a hand-made file would take beyond the table is a
+// damaged file, reported on the name line that starts it.
+void RefuseBeyondTable(const TextReader& reader, int slot) {
+  if (slot > kMaxElements) {
+    reader.Fail("More than " + std::to_string(kMaxElements) + " building elements");
+  }
+}
+
+}  // namespace
+
+void ReadSurfaces(const Workspace& ws, SurfaceTable& table) {
+  const std::string path = SurfacePath(ws);
+  SurfaceTable read;
+  ClearElement(read, 1);
+  if (!FileCanOpen(path)) {
+    table = std::move(read);
+    return;
+  }
+  TextReader reader(path);
+  int slot = 0;
+  while (!reader.AtEnd()) {
+    ++slot;
+    std::string name = reader.ReadTrimmedLine();
+    RefuseBeyondTable(reader, slot);
+    read.SurfName[slot] = name;
+    if (name.empty()) continue;  // a gap: the slot stays used and empty
+    auto& fields = read.SurfData[slot];
+    for (int k = 1; k <= kSurfaceFields; ++k) {
+      fields[k] = FieldAfter(reader.ReadTrimmedLine(), kTab);
+    }
+  }
+  read.SurfCount = slot;
+  table = std::move(read);
+}
+
+SurfaceVolumes ReadSurfaceVolumes(const Workspace& ws) {
+  const std::string path = SurfacePath(ws);
+  SurfaceVolumes volumes;
+  if (!FileCanOpen(path)) return volumes;
+  TextReader reader(path);
+  while (!reader.AtEnd()) {
+    if (reader.ReadTrimmedLine().empty()) continue;
+    RefuseBeyondTable(reader, volumes.count() + 1);
+    for (int k = 1; k <= kSurfaceFields; ++k) {
+      std::string line = reader.ReadTrimmedLine();
+      if (k == 7) volumes.front.push_back(TrimBlanks(FieldAfter(line, kTab)));
+      if (k == 8) volumes.back.push_back(TrimBlanks(FieldAfter(line, kTab)));
+    }
+  }
+  return volumes;
+}
+
+bool WriteSurfaces(const Workspace& ws, const SurfaceTable& table) {
+  std::vector<std::string> lines;
+  lines.reserve(static_cast<size_t>(table.SurfCount) * (kSurfaceFields + 1));
+  for (int slot = 1; slot <= kMaxElements; ++slot) {
+    const std::string name = TrimBlanks(table.SurfName[slot]);
+    if (name.empty()) continue;
+    lines.push_back(name);
+    for (int k = 1; k <= kSurfaceFields; ++k) {
+      lines.push_back(kTab + TrimBlanks(table.SurfData[slot][k]));
+    }
+  }
+  if (!WriteAllLines(SurfacePath(ws), lines)) return false;
+  MarkModulesStale(ws, ws.CasePath, kAllModules);
+  return true;
+}
+
+}  // namespace zelmo
