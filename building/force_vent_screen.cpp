@@ -24,8 +24,8 @@ constexpr const char* kTitle = "MESSAGE";
 
 ForceVent::ForceVent(Session& session) : Form("ForceVent"), session_(session) {
   caption = "Forced ventilation";
-  width = 4200;
-  height = 6600;
+  width = 3900;
+  height = 5700;
   Command1.caption = "&OK";
   Command2.caption = "&Cancel";
   default_button = "Command1";

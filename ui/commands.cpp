@@ -1,5 +1,7 @@
 #include "ui/commands.h"
 
+#include "building/fluid_adv_screen.h"
+#include "building/force_vent_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "workspace/start_form.h"
@@ -9,6 +11,15 @@ namespace zelmo::ui {
 void WireCommands(StartForm& main) {
   // One line per command, grouped by menu: main.M_X.on_click = [&main] { ... };
   (void)main;
+  // Model
+  main.M_ForcedVent.on_click = [&main] {
+    ForceVent screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_FluidAdvConn.on_click = [&main] {
+    FluidAdv screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   // Results
   main.M_Textfiles.on_click = [&main] {
     Results results(main.session());
