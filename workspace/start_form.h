@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/controls.h"
 #include "core/session.h"
@@ -21,6 +22,24 @@ class StartForm : public Form {
   void RefreshCommandState();
   // The window's title.
   void SetTitle(const std::string& title) { caption = title; }
+
+  // The commands of the main window itself: File / Settings, Exit, About,
+  // Support and the help topics.
+  void OpenSettings();
+  void ExitProgram();
+  void ShowAbout();
+  void ShowSupport();
+  void ShowHelpTopic(int context);
+  // The layout with menus: the top menus shown.
+  void ShowMenuLayout();
+
+  // The menu tree in the order of the menu bar: each entry with the menu it
+  // belongs to (none for a menu of the bar).
+  struct MenuNode {
+    MenuItem* item;
+    MenuItem* parent;
+  };
+  std::vector<MenuNode> MenuTree();
 
   // The command state set by each operation on projects and cases.
   void StateAfterNewProject();
@@ -127,6 +146,23 @@ class StartForm : public Form {
   Label RT{this, "RT"};
   Label RDL{this, "RDL"};
   Label RC{this, "RC"};
+
+  // The frames of the panel and their headings.
+  Frame FrameLibrary{this, "FrameLibrary"};
+  Frame FrameModel{this, "FrameModel"};
+  Frame FrameOutputSpec{this, "FrameOutputSpec"};
+  Frame FrameCalculation{this, "FrameCalculation"};
+  Frame FrameResult{this, "FrameResult"};
+  Label LblProjects{this, "LblProjects"};
+  Label LblCases{this, "LblCases"};
+  Label LblLibraries{this, "LblLibraries"};
+  Label LblBuilding{this, "LblBuilding"};
+  Label LblHVAC{this, "LblHVAC"};
+  Label LblDiagram{this, "LblDiagram"};
+  // The version, shown only while the window loads.
+  Label LblVersion{this, "LblVersion"};
+  // Opens the help at the main window's topic.
+  Button MoreAbout{this, "MoreAbout"};
 
  private:
   Session& session_;

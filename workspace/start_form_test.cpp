@@ -1,0 +1,163 @@
+#include "workspace/start_form.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "core/file_system.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "workspace/startup.h"
+
+namespace zelmo {
+namespace {
+
+using testing::FakeSession;
+using testing::TempDir;
+using testing::WriteBytes;
+
+const std::string kKey = "Zelmo-QRN/Project/";
+
+// The commands a user can reach: a menu entry whose menus are all enabled,
+// and an enabled label of the panel.
+std::set<std::string> Usable(StartForm& main) {
+  std::set<std::string> usable;
+  std::map<const MenuItem*, const MenuItem*> parents;
+  for (const auto& node : main.MenuTree()) parents[node.item] = node.parent;
+  for (const auto& node : main.MenuTree()) {
+    bool reachable = true;
+    for (const MenuItem* walk = node.item; walk; walk = parents[walk]) {
+      reachable = reachable && walk->enabled && walk->visible;
+    }
+    if (reachable) usable.insert(node.item->name());
+  }
+  for (const Control* control : main.controls()) {
+    if (control->kind() == ControlKind::kLabel && control->on_click && control->enabled) {
+      usable.insert(control->name());
+    }
+  }
+  return usable;
+}
+
+const std::set<std::string> kAlways = {"M_File",
+                                       "M_EditSystemFile",
+                                       "M_ClimaticDataFiles",
+                                       "M_Downloadclimaticdatafiles",
+                                       "M_Copyclimaticdatafiles",
+                                       "M_ConvertV20",
+                                       "M_ActivetaDemo",
+                                       "M_CloseZelmo",
+                                       "M_Project",
+                                       "M_NewProject",
+                                       "M_view",
+                                       "M_HelpMain",
+                                       "M_AboutZelmo",
+                                       "M_Support",
+                                       "M_Help",
+                                       "M_MainForm",
+                                       "M_HelpInfo",
+                                       "LPN"};
+
+struct StartFormFixture : ::testing::Test {
+  void Start() {
+    for (const char* folder : {"TGZELMO", "TZELMO", "FELT", "DIAGRAM"}) {
+      CreateFolderTree(JoinPath(dir.path(), folder));
+    }
+    CreateFolderTree(dir / "data");
+    fake.settings.values[kKey + "SystemPath"] = dir.path();
+    fake.settings.values[kKey + "LocalPath"] = dir / "data";
+    StartUp(fake.session, main, dir / "Tgzelmo");
+  }
+  TempDir dir;
+  FakeSession fake;
+  StartForm main{fake.session};
+};
+
+TEST_F(StartFormFixture, NoProjectsLibLeavesNewProjectFileAndHelp) {
+  Start();
+  EXPECT_TRUE(fake.dialogs.messages.empty());
+  EXPECT_EQ(Usable(main), kAlways);
+  EXPECT_EQ(main.caption, "");
+}
+
+TEST_F(StartFormFixture, ExistingProjectsOpenTheProjectCommands) {
+  WriteBytes(dir / "data/PROJECTS.LIB", "demo - Demonstration\r\n");
+  Start();
+  std::set<std::string> expected = kAlways;
+  expected.insert({"M_OpenProject", "M_CopyProject", "M_DeleteProject", "M_RenameProject", "LPO",
+                   "LPC", "LPD"});
+  EXPECT_EQ(Usable(main), expected);
+  for (Label* label : {&main.LPN, &main.LPO, &main.LPC, &main.LPD}) {
+    EXPECT_EQ(label->fore_color, Rgb(0, 0, 200)) << label->name();
+  }
+}
+
+TEST_F(StartFormFixture, LabelsRunTheirMenuEntryAndGoBlueWhenEnabled) {
+  // Every label of the panel stands for one menu entry, wired after the
+  // window is made.
+  std::vector<std::string> ran;
+  for (const auto& node : main.MenuTree()) {
+    MenuItem* item = node.item;
+    item->on_click = [&ran, item] { ran.push_back(item->name()); };
+  }
+  const std::map<std::string, std::string> shortcuts = {{"LPN", "M_NewProject"},
+                                                        {"LPO", "M_OpenProject"},
+                                                        {"LPC", "M_CopyProject"},
+                                                        {"LPD", "M_DeleteProject"},
+                                                        {"LCN", "M_NewCase"},
+                                                        {"LCO", "M_OpenCase"},
+                                                        {"LCC", "M_CopyCase"},
+                                                        {"LCD", "M_DeleteCase"},
+                                                        {"LCR", "M_RenameCase"},
+                                                        {"Om", "M_OpaqueMaterial"},
+                                                        {"LW", "M_Wall"},
+                                                        {"LWi", "M_Windows_9701"},
+                                                        {"LCu", "M_MovableInsulation"},
+                                                        {"MBS", "M_Site"},
+                                                        {"MBG", "M_GeneralParameters"},
+                                                        {"MBB", "M_Surface"},
+                                                        {"MBF", "M_FluidAdvConn"},
+                                                        {"MBC", "M_MISchedule"},
+                                                        {"MHS", "M_IHCI"},
+                                                        {"MHF", "M_ForcedVent"},
+                                                        {"MV", "M_ViewOfBuilding"},
+                                                        {"LoBe", "M_LIstOfBuild\xEDngElements"},
+                                                        {"OUtput", "M_Output"},
+                                                        {"ss", "M_ThermalLoads"},
+                                                        {"RT", "M_Textfiles"},
+                                                        {"RDL", "M_Line"},
+                                                        {"RC", "M_Comfort"}};
+  for (const auto& [label, entry] : shortcuts) {
+    ran.clear();
+    main.Find(label)->on_click();
+    EXPECT_EQ(ran, std::vector<std::string>{entry}) << label;
+  }
+
+  main.SetButtonsForMenu(main.ss, true);
+  EXPECT_TRUE(main.ss.enabled);
+  EXPECT_EQ(main.ss.fore_color, Rgb(0, 0, 200));
+  // Disabled, the label's colour is the toolkit's affair.
+  main.SetButtonsForMenu(main.ss, false);
+  EXPECT_FALSE(main.ss.enabled);
+  EXPECT_EQ(main.ss.fore_color, Rgb(0, 0, 200));
+}
+
+TEST_F(StartFormFixture, HelpAndExit) {
+  Start();
+  main.MoreAbout.on_click();
+  main.ShowHelpTopic(12100);
+  std::string help = JoinPath(dir / "Help_English", "ZELMO_e.chm");
+  EXPECT_EQ(fake.desktop.help_calls,
+            (std::vector<std::pair<std::string, int>>{{help, 12000}, {help, 12100}}));
+  main.ShowAbout();
+  main.ShowSupport();
+  main.OpenSettings();
+  EXPECT_EQ(fake.dialogs.shown_forms, (std::vector<std::string>{"About", "Support", "SysInit"}));
+  EXPECT_FALSE(main.unloaded);
+  main.ExitProgram();
+  EXPECT_TRUE(main.unloaded);
+}
+
+}  // namespace
+}  // namespace zelmo

@@ -1,0 +1,130 @@
+#include "workspace/startup.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iomanip>
+#include <locale>
+#include <sstream>
+#include <stdexcept>
+
+#include "core/fields.h"
+#include "core/file_system.h"
+#include "core/form_helpers.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "workspace/start_form.h"
+#include "workspace/sysinit.h"
+
+namespace zelmo {
+
+std::string DefaultSystemPath(const std::string& program_directory) {
+#ifdef _WIN32
+  (void)program_directory;
+  return "C:\\Zelmo";
+#else
+  return program_directory;
+#endif
+}
+
+std::string DefaultLocalPath() {
+#ifdef _WIN32
+  return "C:\\ZELMOPROJ";
+#else
+  const char* home = std::getenv("HOME");
+  if (!home || !*home) return "/ZELMOPROJ";
+  return JoinPath(FromFsPath(std::filesystem::path(home)), "ZELMOPROJ");
+#endif
+}
+
+std::string CutSettingsPath(const std::string& value) {
+  return TrimBlanks(value.substr(0, std::min<size_t>(value.size(), 64)));
+}
+
+std::string StoredPathForm(const std::string& path) {
+#ifdef _WIN32
+  return ToUpper(TrimBlanks(path));
+#else
+  return TrimBlanks(path);
+#endif
+}
+
+void DeriveDirectories(Workspace& ws, bool with_diagram) {
+  ws.MainDirectory = JoinPath(ws.SystemPath, "TGZELMO");
+  ws.ThermalDirectory = JoinPath(ws.SystemPath, "TZELMO");
+  ws.ComfortDirectory = JoinPath(ws.SystemPath, "FELT");
+  if (with_diagram) ws.DiagramDirectory = JoinPath(ws.SystemPath, "DIAGRAM");
+}
+
+std::string MainHelpFile(const Workspace& ws) {
+  return JoinPath(JoinPath(ws.ProgramDirectory, "Help_English"), "ZELMO_e.chm");
+}
+
+bool SystemDecimalComma() {
+  try {
+    std::ostringstream two;
+    two.imbue(std::locale(""));
+    two << std::fixed << std::setprecision(2) << 2.0;
+    return two.str().find(',') != std::string::npos;
+  } catch (const std::runtime_error&) {
+    // A number format the runtime does not know writes a point.
+    return false;
+  }
+}
+
+bool CanChangeToFolder(const std::string& path) {
+  if (path.empty() || !ToFsPath(path).is_absolute()) return false;
+  return FolderExists(path);
+}
+
+namespace {
+
+// Step 5: a marker beside the program makes its folder both the program and
+// the data folder, as if the user had saved them in Settings.
+void AdoptInstallLocation(Session& session, StartForm& main, const std::string& program_path) {
+  if (!EqualsIgnoringCase(LastName(program_path), kProgramFileName)) return;
+  std::string directory = StripTrailingSeparator(ParentFolder(program_path));
+  std::string marker = JoinPath(directory, kFirstStartMarker);
+  if (!FileCanOpen(marker)) return;
+  SysInit settings(session, main);
+  settings.SysPath.text = directory;
+  settings.LocalPath.text = directory;
+  settings.Combo1.list_index = 0;
+  settings.Combo1.text = kAccuracyTimestep;
+  settings.Save();
+  DeleteFile(marker);
+}
+
+}  // namespace
+
+void StartUp(Session& session, StartForm& main, const std::string& program_path) {
+  Workspace& ws = session.ws;
+  main.SetTitle("");
+  main.SetButtonsForMenu(main.LPN, true);
+  main.LblVersion.caption = kVersionText;
+  main.LblVersion.visible = true;
+  main.SetTitle(kVersionText);
+
+  ws.ProgramDirectory = StripTrailingSeparator(ParentFolder(program_path));
+  ws.HelpFile = MainHelpFile(ws);
+  AdoptInstallLocation(session, main, program_path);
+
+  main.SetTitle("");
+  main.LblVersion.visible = false;
+  ws.DecimalComma = SystemDecimalComma();
+
+  SettingsStore& store = *session.settings;
+  ws.SystemPath = CutSettingsPath(store.Get(kSettingsApplication, kSettingsSection, kKeySystemPath,
+                                            DefaultSystemPath(ws.ProgramDirectory)));
+  ws.LocalPath = CutSettingsPath(
+      store.Get(kSettingsApplication, kSettingsSection, kKeyLocalPath, DefaultLocalPath()));
+  DeriveDirectories(ws, true);
+  // The stored accuracy is not read back: every start calculates with a new
+  // coefficient each timestep.
+  ws.AccuracyLevelTL = "2";
+
+  CenterForm(main, ws);
+  main.RefreshCommandState();
+}
+
+}  // namespace zelmo
