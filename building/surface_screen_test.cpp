@@ -1,0 +1,452 @@
+#include "building/surface_screen.h"
+
+#include <gtest/gtest.h>
+
+#include "building/surface_test_case.h"
+#include "building/volume_surfaces_screen.h"
+#include "core/inpbox.h"
+
+namespace zelmo {
+namespace {
+
+using testing::OuterWall;
+using testing::SurfaceCase;
+
+std::vector<std::string> WithField(std::vector<std::string> fields, int field,
+                                   const std::string& text) {
+  fields[field - 1] = text;
+  return fields;
+}
+
+struct ScreenCase : SurfaceCase {
+  // Answers the next input boxes with these names, in order.
+  void Names(std::vector<std::string> names) {
+    answers = std::move(names);
+    fake.dialogs.screens["InpBox"] = [this](Form& form) {
+      auto& box = static_cast<InpBox&>(form);
+      asked.push_back(box.caption + "|" + box.Label1.caption + "|" +
+                      std::to_string(box.Text1.max_length));
+      box.Text1.text = answers.empty() ? "" : answers.front();
+      if (!answers.empty()) answers.erase(answers.begin());
+      box.Ok();
+    };
+  }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (int slot = 1; slot <= screen.table().SurfCount; ++slot) {
+      names.push_back(screen.table().SurfName[slot]);
+    }
+    return names;
+  }
+  void Click(int row) {
+    screen.SurfList.list_index = row;
+    screen.SurfListClick();
+  }
+  std::vector<std::string> answers;
+  std::vector<std::string> asked;
+  Surface screen{fake.session};
+};
+
+TEST(SurfaceScreen, LoadFillsTheListsAndShowsTheFirstElementWithItsDefaults) {
+  ScreenCase c;
+  auto sparse = OuterWall();
+  for (int field : {2, 3, 16, 17, 18, 19}) sparse[field - 1] = "";
+  c.Elements({{"South", sparse}, {"Roof", WithField(OuterWall(), 2, "0")}});
+  Surface& s = c.screen;
+  s.Load();
+  EXPECT_EQ(s.SurfList.items, (std::vector<std::string>{"1  | South", "2  | Roof"}));
+  EXPECT_EQ(s.SurfList.list_index, 0);
+  EXPECT_EQ(s.caption, "Building element (South)");
+  EXPECT_EQ(s.M_Wall.items, (std::vector<std::string>{"", "0  | Shading screen", "1  | Outer wall",
+                                                      "2  | Floor", "100| Last wall"}));
+  EXPECT_EQ(s.H_Wall.items.size(), 4u);
+  EXPECT_EQ(s.M_Wind.items, (std::vector<std::string>{"", "1  | Double", "3  | Triple"}));
+  EXPECT_EQ(s.H_MovIns.items, (std::vector<std::string>{"", "1  | Blind"}));
+  EXPECT_EQ(s.front.items.size(), 11u);
+  EXPECT_EQ(s.front.items[1], "Ground");
+  EXPECT_EQ(s.back.items[1], "Outdoor");
+  EXPECT_EQ(s.back.items[9], "Volume 8");
+  EXPECT_EQ(s.Shape.items[2], "3 Rectangle with a hole");
+  // The defaults of a record being shown, not stored.
+  EXPECT_EQ(s.Zenith.text + s.Azimuth.text, "00");
+  EXPECT_EQ(s.M_AbsF.text + s.M_AbsB.text + s.M_EmmF.text + s.M_EmmB.text, "70709090");
+  EXPECT_EQ(s.table().SurfData[1][16], "");
+  EXPECT_EQ(s.M_Wall.list_index, 2);
+  EXPECT_EQ(s.front.list_index, 2);
+  EXPECT_EQ(s.back.list_index, 2);
+  EXPECT_TRUE(s.MainWallFrame.enabled);
+  EXPECT_FALSE(s.MainWinFrame.enabled);
+  EXPECT_FALSE(s.HoleWallFrame.enabled);
+  EXPECT_TRUE(s.A.enabled && s.B.enabled);
+  EXPECT_FALSE(s.C.enabled || s.LabelC.enabled);
+  EXPECT_EQ(s.Excl.value, 1);
+  EXPECT_EQ(s.LabelExcl.caption,
+            "Assign value for leakage flow to all building elements excluding floors");
+  EXPECT_EQ(s.LabelLeakage.caption, "Leakage flow at dP = 50 Pa");
+  EXPECT_TRUE(s.Leakage.visible && s.Command4.visible);
+  EXPECT_FALSE(s.Dirty);
+  EXPECT_TRUE(s.Command3D1.enabled && s.Command3D2.enabled && s.Command3D5.enabled);
+
+  // An empty building: only Add.
+  ScreenCase empty;
+  empty.screen.Load();
+  EXPECT_TRUE(empty.screen.Command3D1.enabled);
+  EXPECT_FALSE(empty.screen.Command3D2.enabled || empty.screen.Command3D3.enabled ||
+               empty.screen.Command3D4.enabled || empty.screen.Command3D5.enabled);
+  EXPECT_FALSE(empty.screen.Zenith.enabled || empty.screen.LabelZenith.enabled ||
+               empty.screen.Frame3D1.enabled);
+  EXPECT_TRUE(empty.screen.Shape.items.empty());
+
+  // A file cut inside a block does not open the screen.
+  ScreenCase cut;
+  cut.Elements({{"South", {"0", "90"}}});
+  EXPECT_THROW(cut.screen.Load(), FileError);
+}
+
+TEST(SurfaceScreen, AddCopyInsertDeleteMoveTheRightSlots) {
+  ScreenCase c;
+  c.Elements({{"A1", OuterWall()}, {"B2", WithField(OuterWall(), 9, "7")}});
+  Surface& s = c.screen;
+  s.Load();
+  c.Names({"  New  "});
+  s.Add();
+  EXPECT_EQ(c.asked, (std::vector<std::string>{"Add building element |Type name |10"}));
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"A1", "B2", "New"}));
+  EXPECT_EQ(s.CurrentElement, 3);
+  EXPECT_EQ(s.SurfList.list_index, 2);
+  EXPECT_EQ(s.table().SurfData[3][1] + s.table().SurfData[3][4] + s.table().SurfData[3][7], "00");
+  EXPECT_EQ(s.caption, "Building element (New)");
+  EXPECT_TRUE(s.Dirty);
+  EXPECT_FALSE(s.M_AbsF.enabled);  // nothing chosen yet
+  EXPECT_FALSE(s.M_MovIns.enabled);
+
+  // The new element has no wall: it cannot be left.
+  c.Names({"Other"});
+  s.Add();
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "Front must be a value (-1 -  8)\rBack must be a value ( 0 -  8)\r"
+            "A must be a value ( 0 -  999999)\rB must be a value ( 0 -  999999)\r"
+            "A wall (main) must be selected\r");
+  EXPECT_EQ(c.Names().size(), 3u);
+  c.fake.dialogs.Clear();
+  c.Click(0);
+  EXPECT_EQ(s.CurrentElement, 3);
+  EXPECT_EQ(s.SurfList.list_index, 2);
+
+  // Delete the new one, then copy and insert around the second.
+  c.fake.dialogs.answers = {Answer::kYes};
+  s.Delete();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to delete the surface 3  | New  ?");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Delete building element");
+  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kYesNo + mb::kQuestion);
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"A1", "B2"}));
+  EXPECT_EQ(s.SurfList.list_index, 0);
+  c.Click(1);
+  c.asked.clear();
+  c.Names({"B2", "Copy", "A1", "Ins"});
+  s.Copy();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "A surface with the same name already exists");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
+  s.Copy();
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"A1", "B2", "Copy"}));
+  EXPECT_EQ(s.table().SurfData[3], s.table().SurfData[2]);
+  c.Click(1);
+  s.Insert();  // "A1" clashes
+  s.Insert();
+  EXPECT_EQ(c.asked[0], "Copy building element |Type name of target |10");
+  EXPECT_EQ(c.asked[3], "Insert building element |Type name |10");
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"A1", "Ins", "B2", "Copy"}));
+  EXPECT_EQ(s.table().SurfData[3][9], "7");
+  EXPECT_EQ(s.table().SurfData[2][9], "");
+  EXPECT_EQ(s.CurrentElement, 2);
+  EXPECT_EQ(s.SurfList.items[2], "3  | B2");
+
+  // No on the question deletes nothing; the last Delete empties the screen.
+  c.fake.dialogs.answers = {Answer::kNo};
+  s.Delete();
+  EXPECT_EQ(c.Names().size(), 4u);
+  for (int i = 0; i < 4; ++i) {
+    c.fake.dialogs.answers = {Answer::kYes};
+    s.Delete();
+  }
+  EXPECT_TRUE(c.Names().empty());
+  EXPECT_TRUE(s.SurfList.items.empty());
+  EXPECT_FALSE(s.Command3D2.enabled || s.Command3D5.enabled || s.Zenith.enabled);
+  EXPECT_EQ(s.table().SurfName[1], "");
+
+  // Adding into the empty screen enables the inputs again.
+  c.Names({"First"});
+  s.Add();
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"First"}));
+  EXPECT_TRUE(s.Zenith.enabled && s.Command3D2.enabled);
+  EXPECT_EQ(s.Shape.items.size(), 5u);
+  EXPECT_EQ(s.Shape.list_index, 0);
+}
+
+TEST(SurfaceScreen, TheHundredthElementStopsAddCopyAndInsert) {
+  ScreenCase c;
+  std::vector<std::pair<std::string, std::vector<std::string>>> elements;
+  for (int i = 1; i <= 99; ++i) elements.push_back({"E" + std::to_string(i), OuterWall()});
+  c.Elements(elements);
+  Surface& s = c.screen;
+  s.Load();
+  EXPECT_TRUE(s.Command3D1.enabled && s.Command3D3.enabled && s.Command3D4.enabled);
+  c.Names({"E100"});
+  s.Copy();
+  EXPECT_EQ(s.table().SurfCount, 100);
+  EXPECT_FALSE(s.Command3D1.enabled || s.Command3D3.enabled || s.Command3D4.enabled);
+  EXPECT_TRUE(s.Command3D2.enabled && s.Command3D5.enabled);
+  c.fake.dialogs.answers = {Answer::kYes};
+  s.Delete();
+  EXPECT_TRUE(s.Command3D1.enabled && s.Command3D3.enabled && s.Command3D4.enabled);
+}
+
+TEST(SurfaceScreen, RenameRefusesAClashAndTheSameName) {
+  ScreenCase c;
+  c.Elements({{"Wall", OuterWall()}, {"Roof", OuterWall()}});
+  Surface& s = c.screen;
+  s.Load();
+  c.Names({"Wall", "Roof", "", "wall"});
+  s.Rename();
+  EXPECT_EQ(c.fake.dialogs.messages.size(), 1u);
+  s.Rename();
+  EXPECT_EQ(c.fake.dialogs.messages.size(), 2u);
+  s.Rename();  // an empty answer does nothing
+  EXPECT_FALSE(s.Dirty);
+  s.Rename();  // names differ by case
+  EXPECT_EQ(c.asked[0], "Rename building element|Type name |10");
+  EXPECT_EQ(c.Names(), (std::vector<std::string>{"wall", "Roof"}));
+  EXPECT_EQ(s.SurfList.items[0], "1  | wall");
+  EXPECT_EQ(s.SurfList.list_index, 0);
+  EXPECT_TRUE(s.Dirty);
+}
+
+TEST(SurfaceScreen, ChoicesSwitchFramesLabelsAndLeakage) {
+  ScreenCase c;
+  c.Elements({{"South", OuterWall()}});
+  Surface& s = c.screen;
+  s.Load();
+  auto& fields = s.table().SurfData[1];
+
+  // The shading screen: its labels, its standard percents, no leakage.
+  s.M_Wall.list_index = 1;
+  s.M_WallClick();
+  EXPECT_EQ(s.LabelMAbsF.caption, "Absorptance:");
+  EXPECT_EQ(s.LabelMAbsB.caption, " % Trans:");
+  EXPECT_EQ(s.Leakage.text, "0");
+  EXPECT_EQ(fields[15] + "|" + fields[16] + fields[17] + fields[18] + fields[19] + "|" + fields[29],
+            "0|70208787|0");
+  s.M_Wall.list_index = 4;
+  s.M_WallClick();
+  EXPECT_EQ(fields[15], "100");
+  EXPECT_EQ(s.LabelMAbsF.caption, "Absorptance front:");
+  EXPECT_EQ(s.LabelMAbsB.caption, " %  back:");
+
+  // No wall: both frames on, the percents and the curtain off.
+  s.M_Wall.list_index = 0;
+  s.M_WallClick();
+  EXPECT_TRUE(s.MainWallFrame.enabled && s.MainWinFrame.enabled);
+  EXPECT_FALSE(s.M_AbsF.enabled || s.LabelMAbsF.enabled || s.M_MovIns.enabled);
+  // A window: the wall frame goes off with its percents stored.
+  s.M_Wind.list_index = 2;
+  s.WindowOrCurtainClick(s.M_Wind, 20);
+  s.M_MovIns.list_index = 1;
+  s.WindowOrCurtainClick(s.M_MovIns, 21);
+  EXPECT_FALSE(s.MainWallFrame.enabled || s.M_Wall.enabled);
+  EXPECT_TRUE(s.M_MovIns.enabled);
+  EXPECT_EQ(fields[15] + "|" + fields[16] + fields[17] + fields[18] + fields[19] + "|" +
+                fields[20] + "|" + fields[21],
+            "|70708787|3|1");
+  // Taking the window away takes its curtain too.
+  s.M_Wind.list_index = 0;
+  s.WindowOrCurtainClick(s.M_Wind, 20);
+  EXPECT_EQ(fields[20] + fields[21], "");
+  EXPECT_EQ(s.M_MovIns.list_index, 0);
+
+  // The hole's frames come with shape 3 only.
+  s.Shape.list_index = 2;
+  s.ShapeClick();
+  EXPECT_EQ(fields[1], "2");
+  EXPECT_TRUE(s.HoleWallFrame.enabled && s.HoleWinFrame.enabled && s.F.enabled);
+  s.H_Wind.list_index = 1;
+  s.WindowOrCurtainClick(s.H_Wind, 27);
+  EXPECT_FALSE(s.HoleWallFrame.enabled);
+  EXPECT_EQ(fields[27], "1");
+  s.Shape.list_index = 1;
+  s.ShapeClick();
+  EXPECT_FALSE(s.HoleWallFrame.enabled || s.HoleWinFrame.enabled || s.D.enabled);
+  EXPECT_EQ(fields[27] + "|" + fields[23] + fields[24] + fields[25] + fields[26], "|70708787");
+
+  // Facings: Ground in front turns the front percents off; two volumes make
+  // the leakage an area and hide Assign.
+  s.M_Wall.list_index = 2;
+  s.M_WallClick();
+  EXPECT_TRUE(s.M_AbsF.enabled);
+  s.front.list_index = 1;
+  s.FrontClick();
+  EXPECT_EQ(fields[7], "-1");
+  EXPECT_FALSE(s.M_AbsF.enabled || s.M_EmmF.enabled);
+  EXPECT_TRUE(s.M_AbsB.enabled);
+  EXPECT_EQ(fields[29], "0");
+  s.front.list_index = 4;  // Volume 2
+  s.FrontClick();
+  s.back.list_index = 2;  // Volume 1
+  s.BackClick();
+  EXPECT_EQ(fields[7] + fields[8], "21");
+  EXPECT_EQ(c.fake.ws().LeakageMode, 2);
+  EXPECT_EQ(s.LabelLeakage.caption, "Leakage area");
+  EXPECT_EQ(s.UnitLeakage.caption, "m2");
+  EXPECT_FALSE(s.Command4.visible || s.Excl.visible || s.LabelExcl.visible);
+  EXPECT_TRUE(s.M_AbsF.enabled);
+  s.back.list_index = 1;  // Outdoor behind a volume: the flow is not asked for
+  s.BackClick();
+  EXPECT_FALSE(s.Leakage.visible || s.LabelLeakage.visible);
+  EXPECT_TRUE(s.Command4.visible);
+  EXPECT_EQ(s.Leakage.text, "1");
+  EXPECT_TRUE(s.Dirty);
+}
+
+TEST(SurfaceScreen, TextInputsStoreAndAClickWithAFaultStays) {
+  ScreenCase c;
+  c.Elements({{"South", OuterWall()}, {"North", WithField(OuterWall(), 3, "0")}});
+  Surface& s = c.screen;
+  s.Load();
+  s.Zenith.text = " 45 ";
+  s.Zenith.on_change();
+  EXPECT_EQ(s.table().SurfData[1][2], "45");
+  EXPECT_TRUE(s.Dirty);
+  s.A.text = "-1";
+  s.A.on_lost_focus();
+  c.Click(1);
+  EXPECT_EQ(c.fake.dialogs.Last().text, "A must be a value ( 0 -  999999)\r");
+  EXPECT_EQ(s.SurfList.list_index, 0);
+  EXPECT_EQ(s.focus, "A");
+  s.A.text = "4";
+  int enter = 13;
+  s.A.on_key_press(enter);
+  c.Click(1);
+  EXPECT_EQ(s.CurrentElement, 2);
+  EXPECT_EQ(s.Azimuth.text, "0");
+  EXPECT_EQ(s.caption, "Building element (North)");
+  EXPECT_TRUE(s.Dirty);  // kept across the move
+  EXPECT_EQ(s.table().SurfData[1][9], "4");
+}
+
+TEST(SurfaceScreen, AssignSkipsInternalElementsAndGroundFloors) {
+  ScreenCase c;
+  auto floor = WithField(WithField(OuterWall(), 7, "-1"), 2, "180");
+  c.Elements({{"Wall", OuterWall()},
+              {"Inner", WithField(WithField(OuterWall(), 7, "2"), 29, "0")},
+              {"Floor", WithField(floor, 29, "0")},
+              {"Roof", WithField(WithField(OuterWall(), 2, "0"), 29, "0")}});
+  Surface& s = c.screen;
+  s.Load();
+  c.Click(3);
+  s.Leakage.text = "2.555";
+  s.Assign();
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "Leakage flow must be a value ( 0 -  10) with max two decimals.\r");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Surface form check");
+  EXPECT_EQ(s.focus, "Leakage");
+  s.Leakage.text = "2.5";
+  s.Assign();
+  auto leak = [&](int slot) { return s.table().SurfData[slot][29]; };
+  // The roof faces Outdoor: a roof is no floor on the ground.
+  EXPECT_EQ(leak(1) + "|" + leak(2) + "|" + leak(3) + "|" + leak(4), "2.5|0|0|2.5");
+  EXPECT_EQ(s.SurfList.list_index, 3);
+  s.Excl.value = 0;
+  s.ExclClick();
+  EXPECT_EQ(s.LabelExcl.caption,
+            "Assign value for leakage flow to all building elements including floors");
+  s.Leakage.text = "3";
+  s.Assign();
+  EXPECT_EQ(leak(1) + "|" + leak(2) + "|" + leak(3) + "|" + leak(4), "3|0|3|3");
+}
+
+TEST(SurfaceScreen, OkCancelAndTheSaveQuestion) {
+  ScreenCase c;
+  c.Elements({{"South", OuterWall()}});
+  const std::string before = c.SurfaceBytes();
+  {
+    Surface s(c.fake.session);
+    s.Load();
+    s.Command2.on_click();  // nothing changed: closes at once
+    EXPECT_TRUE(s.unloaded);
+    EXPECT_TRUE(c.fake.dialogs.messages.empty());
+  }
+  Surface& s = c.screen;
+  s.Load();
+  s.X.text = "2";
+  s.X.on_change();
+  c.fake.dialogs.answers = {Answer::kCancel};
+  s.Cancel();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to save changes ?\r\rSurfaces");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Save");
+  EXPECT_FALSE(s.unloaded);
+  s.B.text = "0";
+  c.fake.dialogs.answers = {Answer::kYes};
+  s.Cancel();  // Yes with a fault stays
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Surface form check");
+  EXPECT_FALSE(s.unloaded);
+  EXPECT_EQ(c.SurfaceBytes(), before);
+  s.B.text = "3";
+  s.B.on_change();
+  s.Ok();
+  EXPECT_TRUE(s.unloaded);
+  std::string expected = "South\r\n";
+  auto fields = WithField(WithField(OuterWall(), 4, "2"), 10, "3");
+  for (const auto& field : fields) expected += "\t" + field + "\r\n";
+  EXPECT_EQ(c.SurfaceBytes(), expected);
+  EXPECT_EQ(testing::ReadBytes(c.fake.ws().CasePath + "/THERMAL.INP"), "XXXXXX\r\n");
+
+  Surface no(c.fake.session);
+  no.Load();
+  no.Y.text = "9";
+  no.Y.on_change();
+  c.fake.dialogs.answers = {Answer::kNo};
+  no.QueryUnload();
+  EXPECT_TRUE(no.unloaded);
+  EXPECT_EQ(c.SurfaceBytes(), expected);
+
+  no.Help();
+  ASSERT_EQ(c.fake.desktop.help_calls.size(), 1u);
+  EXPECT_EQ(c.fake.desktop.help_calls[0].second, 12110);
+}
+
+TEST(SurfaceScreen, AnUnknownLibraryNumberIsFatal) {
+  ScreenCase c;
+  c.Elements({{"South", WithField(OuterWall(), 15, "7")}});
+  bool ended = false;
+  c.screen.end_program = [&ended] { ended = true; };
+  c.screen.Load();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Error in GetListIndex ");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "FATAL ERROR");
+  EXPECT_TRUE(ended && c.screen.unloaded);
+  EXPECT_EQ(c.fake.dialogs.messages.size(), 1u);
+}
+
+TEST(SurfaceScreen, SurfacesButtonCountsTheSidesOfEachVolume) {
+  ScreenCase c;
+  c.Elements({{"W1", OuterWall()},
+              {"W2", WithField(WithField(OuterWall(), 7, "1"), 8, "3")},
+              {"F", WithField(OuterWall(), 7, "-1")}});
+  c.screen.Load();
+  std::vector<std::string> cells;
+  c.fake.dialogs.screens["VolumeSurfaces"] = [&cells](Form& form) {
+    auto& screen = static_cast<VolumeSurfaces&>(form);
+    EXPECT_EQ(screen.Label1.caption, "Number of surfaces facing a volume");
+    EXPECT_EQ(screen.Command1.caption, "Cancel");
+    for (int r = 0; r < screen.Grid1.rows(); ++r) {
+      cells.push_back(screen.Grid1.Cell(r, 0) + "=" + screen.Grid1.Cell(r, 1));
+    }
+    screen.Command1.on_click();
+    EXPECT_TRUE(screen.unloaded);
+  };
+  c.screen.CheckSurfaces.on_click();
+  EXPECT_EQ(cells, (std::vector<std::string>{"Volume=Number", "Ground=1", "Outdoors=1", "1=3",
+                                             "2=0", "3=1"}));
+  EXPECT_EQ(c.screen.CheckSurfaces.tool_tip, "Show number of surfaces facing each volume ");
+}
+
+}  // namespace
+}  // namespace zelmo
