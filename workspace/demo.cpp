@@ -1,0 +1,71 @@
+#include "workspace/demo.h"
+
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "core/fields.h"
+#include "core/file_system.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "workspace/project_store.h"
+#include "workspace/start_form.h"
+#include "workspace/sysinit.h"
+
+namespace zelmo {
+
+namespace {
+
+constexpr const char* kDemoTitle = "Project Example";
+
+void Activate(Session& session, StartForm& main) {
+  Dialogs& dialogs = *session.dialogs;
+  const std::string root = JoinPath(session.ws.SystemPath, "ZELMOPROJ");
+  if (!FileCanOpen(JoinPath(root, kProjectsFile))) {
+    dialogs.MsgBox("No demo project found", mb::kInformation, kDemoTitle);
+    return;
+  }
+  const std::string climate = JoinPath(root, kDemoClimateFile);
+  const std::string parked_climate = climate + "_Temp";
+  if (!FileCanOpen(parked_climate)) {
+    dialogs.MsgBox("The demo project is already active", mb::kInformation, kDemoTitle);
+    return;
+  }
+  if (!RenamePath(parked_climate, climate)) return;
+
+  // The site file gets the climate file's path where it stands now.
+  const std::string project = JoinPath(root, "Example");
+  const std::string case_folder = JoinPath(project, "Case1");
+  const std::string site = JoinPath(case_folder, "Site.inp");
+  const std::string site_copy = JoinPath(case_folder, "SiteX.inp");
+  auto lines = ReadAllLines(site);
+  if (!lines) return;
+  for (auto& line : *lines) {
+    if (ToLower(line).find("cli") != std::string::npos) line = climate;
+  }
+  if (!WriteAllLines(site_copy, *lines)) return;
+  DeleteFile(site);
+  if (!RenamePath(site_copy, site)) return;
+
+  for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
+    const std::string plain = JoinPath(project, name);
+    if (!RenamePath(plain + "_Temp", plain)) return;
+  }
+
+  SysInit settings(session, main);
+  settings.LocalPath.text = root;
+  if (!settings.Save()) return;
+  dialogs.MsgBox("The demo project is successfully activated", mb::kInformation, kDemoTitle);
+}
+
+}  // namespace
+
+void ActivateDemoProject(Session& session, StartForm& main) {
+  // A failing step ends the activation without a word.
+  try {
+    Activate(session, main);
+  } catch (const std::exception&) {
+  }
+}
+
+}  // namespace zelmo

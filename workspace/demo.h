@@ -1,0 +1,16 @@
+// File / Activate the demo project: the program's tree holds an example
+// project in its ZELMOPROJ folder with some files parked under names ending
+// in "_Temp". Activation puts them in place, points the example's site file
+// at the climate file and makes the folder the data folder.
+#pragma once
+
+namespace zelmo {
+
+struct Session;
+class StartForm;
+
+inline constexpr const char* kDemoClimateFile = "StockholmW(SE).cli";
+
+void ActivateDemoProject(Session& session, StartForm& main);
+
+}  // namespace zelmo

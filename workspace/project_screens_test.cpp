@@ -1,0 +1,326 @@
+#include "workspace/project_screens.h"
+
+#include "workspace/store_commands.h"
+#include "workspace/store_test_fixture.h"
+
+namespace zelmo::testing {
+namespace {
+
+using ProjectScreens = StoreTest;
+
+constexpr int kWarning = mb::kExclamation;
+
+TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
+  NewProject screen(fake.session, main);
+  fake.dialogs.ShowModal(screen);
+  EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + zelmo::ToLower(ws().LocalPath) + " )");
+  EXPECT_TRUE(screen.List1.items.empty());
+  screen.Text1.text = " ABC ";
+  screen.New();
+  EXPECT_TRUE(screen.unloaded);
+  EXPECT_TRUE(fake.dialogs.messages.empty());
+  EXPECT_EQ(Projects(), "abc\tabc\r\n");
+  EXPECT_EQ(ws().ProjectName, "abc");
+  EXPECT_EQ(ws().ProjectPath, Data("abc"));
+  // The library files are found whatever the case of their names.
+  EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")), "gastp.inp\r\n");
+  EXPECT_EQ(ReadBytes(Data("abc/GLASSTP.INP")), "Glasstp.INP\r\n");
+  EXPECT_EQ(ReadBytes(Data("abc/Wndtp.LIB")), "WNDTP.LIB\r\n");
+  EXPECT_EQ(ReadBytes(Data("abc/OPAQUE.LIB")), "opaque.lib\r\n");
+  EXPECT_EQ(main.caption, "Project : abc");
+  EXPECT_TRUE(main.M_OpenProject.enabled && main.LPO.enabled && main.M_Case.enabled);
+  EXPECT_FALSE(main.M_OpenCase.enabled);
+  // The menu's Simulate is on, the panel's is off.
+  EXPECT_TRUE(main.M_ThermalLoads.enabled);
+  EXPECT_FALSE(main.ss.enabled);
+  EXPECT_EQ(main.LCN.fore_color, Rgb(0, 0, 200));
+
+  NewProject again(fake.session, main);
+  fake.dialogs.ShowModal(again);
+  EXPECT_EQ(again.List1.items, std::vector<std::string>{"abc - abc"});
+  EXPECT_EQ(again.List1.list_index, 0);
+  again.Text1.text = "abc";
+  again.New();
+  EXPECT_TRUE(again.unloaded);  // closes after a failed attempt too
+  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
+  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(fake.dialogs.Last().style, kWarning);
+  EXPECT_EQ(Projects(), "abc\tabc\r\n");
+}
+
+TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
+  const auto before = Listing(ws().LocalPath);
+  const std::string bad_name = "Name must be <=  8 characters long and no spaces in the name !";
+  for (const char* name : {"abcdefghi", "a b", "a/b", "a\\b", ".", "..", "../x"}) {
+    NewProject screen(fake.session, main);
+    screen.Text1.text = name;
+    screen.New();
+    EXPECT_EQ(fake.dialogs.Last().text, bad_name) << name;
+  }
+  NewProject empty(fake.session, main);
+  empty.New();
+  EXPECT_EQ(fake.dialogs.Last().text, "Name and path must be set");
+  NewProject blanks(fake.session, main);
+  blanks.Text1.text = "   ";
+  blanks.New();
+  EXPECT_EQ(fake.dialogs.Last().text,
+            "Projectpath can not be the same as System-, Local- or Thermal-path");
+  EXPECT_EQ(Listing(ws().LocalPath), before);
+  EXPECT_TRUE(Listing(ws().LocalPath).empty());
+  EXPECT_TRUE(Listing(dir.path()) == (std::vector<std::string>{"Data", "Program"}));
+
+  // A missing library file ends the operation after the project is
+  // registered, as the register comes first.
+  DeleteFile(JoinPath(ws().MainDirectory, "WNDTP.LIB"));
+  NewProject screen(fake.session, main);
+  screen.Text1.text = "p";
+  EXPECT_THROW(screen.New(), FileError);
+  EXPECT_EQ(Projects(), "p\tp\r\n");
+}
+
+TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
+  AddProject("one", "one");
+  AddProject("two", "two");
+  OpenAs("one", "one");
+  AddCase("c1", "first");
+  ws().CaseName = "c1";
+  ws().CasePath = InProject("c1");
+
+  OpenProject screen(fake.session, main);
+  fake.dialogs.ShowModal(screen);
+  EXPECT_EQ(screen.List1.items, (std::vector<std::string>{"one - one", "two - two"}));
+  screen.List1.list_index = 1;
+  screen.List1.on_dbl_click();
+  EXPECT_TRUE(screen.unloaded);
+  EXPECT_EQ(ws().ProjectName, "two");
+  EXPECT_EQ(ws().ProjectPath, Data("two"));
+  EXPECT_EQ(ws().CaseName, "");
+  EXPECT_EQ(ws().CasePath, "");
+  EXPECT_EQ(main.caption, " Project : two");
+  // No CASES.LIB: only New Case works in the Case menu.
+  EXPECT_TRUE(main.M_Case.enabled && main.M_NewCase.enabled && main.ss.enabled);
+  EXPECT_FALSE(main.M_OpenCase.enabled || main.M_RenameCase.enabled || main.M_Model.enabled);
+
+  OpenProject first(fake.session, main);
+  fake.dialogs.ShowModal(first);
+  first.Open();
+  EXPECT_EQ(main.caption, " Project : one");
+  EXPECT_TRUE(main.M_OpenCase.enabled && main.M_CopyCase.enabled && main.M_DeleteCase.enabled &&
+              main.M_RenameCase.enabled);
+}
+
+TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
+  AddProject("src", "src");
+  OpenAs("src", "src");
+  AddCase("c1", "first", "X--XX-");
+  for (const char* name : {"a.txt", "B.LIS", "c.Ddd", "d.GGG", "e.ppp", "SURFACE.INP"}) {
+    WriteBytes(InProject(std::string("c1/") + name), "data\r\n");
+  }
+  WriteBytes(InProject("WALLS.LIB"), "wall\r\n");
+
+  CopyProject screen(fake.session, main);
+  fake.dialogs.ShowModal(screen);
+  EXPECT_EQ(screen.List1.list_index, 0);
+  screen.Text1.text = "old";
+  screen.List1.on_click();
+  EXPECT_EQ(screen.Text1.text, "");
+  EXPECT_EQ(screen.focus, "Text1");
+  screen.Text1.text = "Cp";
+  screen.Copy();
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_TRUE(fake.dialogs.messages.empty());
+  EXPECT_EQ(fake.dialogs.busy_calls, (std::vector<bool>{true, false}));
+  EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
+  EXPECT_EQ(screen.List1.items.back(), "cp - " + zelmo::ToLower(Data("Cp")));
+  EXPECT_EQ(ws().ProjectName, "cp");
+  EXPECT_EQ(main.caption, "Project : cp");
+  EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")), "X--XX-\r\n");
+  EXPECT_EQ(ReadBytes(Data("cp/WALLS.LIB")), "wall\r\n");
+  EXPECT_EQ(Listing(Data("cp/c1")), (std::vector<std::string>{"SURFACE.INP", "THERMAL.INP"}));
+  EXPECT_EQ(Listing(Data("src/c1")).size(), 7u);
+  EXPECT_TRUE(main.RT.enabled && main.RDL.enabled && main.RC.enabled && main.ss.enabled);
+  EXPECT_FALSE(main.M_Model.enabled || main.M_Diagram.enabled);
+
+  // The item of the copy holds a full path, which is nothing to copy from.
+  const auto before = Listing(ws().LocalPath);
+  screen.List1.list_index = 1;
+  screen.Text1.text = "cp2";
+  EXPECT_THROW(screen.Copy(), FileError);
+  EXPECT_EQ(Listing(ws().LocalPath), before);
+
+  screen.List1.list_index = 0;
+  for (const char* name : {"abcdefghi", "a/b", "..", "."}) {
+    screen.Text1.text = name;
+    screen.Copy();
+    EXPECT_EQ(fake.dialogs.Last().text, "Target name must be <=  8 characters long") << name;
+  }
+  screen.Text1.text = " ";
+  screen.Copy();
+  EXPECT_EQ(fake.dialogs.Last().text, "Target name must be set");
+  screen.Text1.text = "SRC";
+  screen.Copy();
+  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
+  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(Listing(ws().LocalPath), before);
+  EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
+}
+
+TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
+  AddProject("abc", "abc");
+  AddProject("xyz", "xyz");
+  OpenAs("abc", "abc");
+  ws().CaseName = "c1";
+  fake.dialogs.screens["RenProject"] = [](Form& form) {
+    auto& screen = static_cast<RenProject&>(form);
+    EXPECT_EQ(screen.Text1.text, "");  // the selection of the load fills nothing
+    screen.List1.on_click();
+    EXPECT_EQ(screen.Text1.text, "abc");
+    EXPECT_EQ(screen.Text1.sel_length, 3);
+    screen.Text1.text = "NewName";
+    screen.Command1.on_click();
+    EXPECT_EQ(screen.List1.items[0], "newname - abc");
+  };
+  RunRenameProject(main);
+  EXPECT_EQ(Projects(), "newname\tabc\r\nxyz\txyz\r\n");
+  EXPECT_FALSE(Exists(Data("newname")));
+  EXPECT_TRUE(Exists(Data("abc")));
+  EXPECT_EQ(ws().ProjectName, "newname");
+  EXPECT_EQ(main.caption, " (newname - c1)");
+
+  // Another project: the title stays.
+  fake.dialogs.screens["RenProject"] = [](Form& form) {
+    auto& screen = static_cast<RenProject&>(form);
+    screen.List1.list_index = 1;
+    screen.Text1.text = "other";
+    screen.Rename();
+  };
+  RunRenameProject(main);
+  EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
+  EXPECT_EQ(main.caption, " (newname - c1)");
+
+  // The renamed project still opens its old folder.
+  OpenProject open(fake.session, main);
+  fake.dialogs.ShowModal(open);
+  open.Open();
+  EXPECT_EQ(ws().ProjectPath, Data("abc"));
+
+  fake.dialogs.screens.clear();
+  const std::vector<std::pair<std::string, std::string>> refusals = {
+      {"", "Projectname must be set"},
+      {"OTHER", "A project with the same name already exist"},
+      {"newname", "A project with the same name already exist"},
+      {"a/b", "Name must be <=  8 characters long and no spaces in the name !"}};
+  for (const auto& [name, message] : refusals) {
+    RenProject screen(fake.session, main);
+    fake.dialogs.ShowModal(screen);
+    screen.Text1.text = name;
+    screen.Rename();
+    EXPECT_TRUE(screen.unloaded);
+    EXPECT_EQ(fake.dialogs.Last().text, message);
+  }
+  EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
+  DeleteFile(Data("PROJECTS.LIB"));
+  RenProject screen(fake.session, main);
+  screen.Text1.text = "z";
+  screen.Rename();
+  EXPECT_EQ(fake.dialogs.Last().text, "Projectfile does not exist");
+}
+
+TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
+  AddProject("keep", "keep");
+  AddProject("renamed", "old");  // a renamed project: name and folder differ
+  AddProject("abc", "abc");
+  OpenAs("abc", "abc");
+  ws().CaseName = "c1";
+  ws().CasePath = Data("abc/c1");
+
+  DelProject screen(fake.session, main);
+  fake.dialogs.ShowModal(screen);
+  EXPECT_FALSE(screen.Command1.enabled);
+  screen.List1.list_index = 2;
+  screen.List1.on_click();
+  EXPECT_TRUE(screen.Command1.enabled);
+  fake.dialogs.answers = {Answer::kNo};
+  screen.Command1.on_click();
+  EXPECT_EQ(fake.dialogs.Last().text, "Do you really want to delete the CURRENT project\rabc ?");
+  EXPECT_EQ(fake.dialogs.Last().style, 52);
+  EXPECT_EQ(fake.dialogs.Last().title, "");
+  EXPECT_TRUE(Exists(Data("abc")));
+
+  screen.Command1.on_click();
+  EXPECT_FALSE(Exists(Data("abc")));
+  EXPECT_FALSE(Exists(Data("PROJECTS.XXX")));
+  EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
+  EXPECT_EQ(ws().ProjectName, "");
+  EXPECT_EQ(ws().CaseName, "");
+  EXPECT_EQ(ws().ProjectPath, Data("abc"));  // kept
+  EXPECT_EQ(ws().CasePath, Data("abc/c1"));  // kept
+  EXPECT_EQ(main.caption, "");
+  EXPECT_FALSE(main.M_Case.enabled || main.M_Library.enabled || main.M_Result.enabled);
+  EXPECT_TRUE(main.M_ThermalLoads.enabled);
+
+  // The Delete button finds the line by the folder: a renamed project's
+  // line stays behind.
+  screen.List1.list_index = 1;
+  screen.Command1.on_click();
+  EXPECT_EQ(fake.dialogs.Last().text, "Do you want to delete the project\rrenamed ?");
+  EXPECT_FALSE(Exists(Data("old")));
+  EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
+  EXPECT_EQ(screen.List1.items, std::vector<std::string>{"keep - keep"});
+
+  // A folder that is not there: two messages, the register stays.
+  DeleteFolderTree(Data("keep"));
+  fake.dialogs.Clear();
+  screen.List1.list_index = 0;
+  screen.Command1.on_click();
+  ASSERT_EQ(fake.dialogs.messages.size(), 3u);
+  EXPECT_EQ(fake.dialogs.messages[1].text, "Can't delete the directory and its contents !");
+  EXPECT_EQ(fake.dialogs.messages[2].text, "Some error has occurred !");
+  EXPECT_EQ(fake.dialogs.messages[2].title, "");
+  EXPECT_EQ(screen.List1.items.size(), 1u);
+
+  // The double click deletes by the name; the last one removes the register
+  // and leaves only New Project.
+  DelProject again(fake.session, main);
+  fake.dialogs.ShowModal(again);
+  EXPECT_EQ(again.List1.items, (std::vector<std::string>{"keep - keep", "renamed - old"}));
+  again.List1.list_index = 1;
+  again.List1.on_dbl_click();
+  EXPECT_EQ(Projects(), "keep\tkeep\r\n");
+  fake.dialogs.screens["DelProject"] = [](Form& form) {
+    auto& screen = static_cast<DelProject&>(form);
+    screen.List1.list_index = 0;
+    screen.List1.on_dbl_click();
+    EXPECT_FALSE(screen.Command1.enabled);
+    screen.Command4.on_click();
+  };
+  main.StateAfterNewCase();
+  RunDeleteProject(main);
+  EXPECT_FALSE(Exists(Data("PROJECTS.LIB")));
+  EXPECT_TRUE(main.M_NewProject.enabled && main.LPN.enabled);
+  for (Control* off : std::initializer_list<Control*>{&main.M_OpenProject,
+                                                      &main.M_CopyProject,
+                                                      &main.M_DeleteProject,
+                                                      &main.M_RenameProject,
+                                                      &main.LPO,
+                                                      &main.LPC,
+                                                      &main.LPD,
+                                                      &main.M_Case,
+                                                      &main.LCN,
+                                                      &main.M_Library,
+                                                      &main.Om,
+                                                      &main.M_Model,
+                                                      &main.MBS,
+                                                      &main.M_Output,
+                                                      &main.M_Outsp_Calc,
+                                                      &main.ss,
+                                                      &main.M_Result,
+                                                      &main.RT,
+                                                      &main.RDL,
+                                                      &main.MV}) {
+    EXPECT_FALSE(off->enabled) << off->name();
+  }
+}
+
+}  // namespace
+}  // namespace zelmo::testing
