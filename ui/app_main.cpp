@@ -1,12 +1,20 @@
 #include "ui/app_main.h"
 
 #include <QApplication>
-#include <QMainWindow>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include "core/session.h"
+#include "ui/commands.h"
+#include "ui/qt_desktop.h"
 #include "ui/qt_dialogs.h"
 #include "ui/qt_process.h"
+#include "ui/qt_settings.h"
+#include "ui/qt_text.h"
+#include "ui/start_window.h"
 #include "ui/views.h"
+#include "workspace/start_form.h"
+#include "workspace/startup.h"
 
 namespace zelmo::ui {
 
@@ -15,13 +23,24 @@ int RunProgram(QApplication& app) {
   Session session;
   QtDialogs dialogs(session);
   session.dialogs = &dialogs;
-  // Keep when rewriting: the calculation modules and the result programs
+  QtSettings settings;
+  session.settings = &settings;
+  QtDesktop desktop;
+  session.desktop = &desktop;
+  // The process runner: the calculation modules and the result programs
   // start through this port.
   QtProcessRunner processes;
   session.processes = &processes;
-  QMainWindow window;
-  window.setObjectName("StartForm");
-  window.resize(800, 600);
+
+  if (QScreen* screen = QGuiApplication::primaryScreen()) {
+    session.ws.ScreenWidth = Twips(screen->availableGeometry().width());
+    session.ws.ScreenHeight = Twips(screen->availableGeometry().height());
+  }
+  StartForm main(session);
+  StartUp(session, main, S(QCoreApplication::applicationFilePath()));
+  WireCommands(main);
+
+  StartWindow window(main, session);
   window.show();
   return app.exec();
 }

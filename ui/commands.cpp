@@ -11,6 +11,12 @@ namespace zelmo::ui {
 void WireCommands(StartForm& main) {
   // One line per command, grouped by menu: main.M_X.on_click = [&main] { ... };
   (void)main;
+  // The main window's own commands.
+  main.M_EditSystemFile.on_click = [&main] { main.OpenSettings(); };
+  main.M_CloseZelmo.on_click = [&main] { main.ExitProgram(); };
+  main.M_AboutZelmo.on_click = [&main] { main.ShowAbout(); };
+  main.M_Support.on_click = [&main] { main.ShowSupport(); };
+  main.M_MainForm.on_click = [&main] { main.ShowHelpTopic(12100); };
   // Model
   main.M_ForcedVent.on_click = [&main] {
     ForceVent screen(main.session());

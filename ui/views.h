@@ -28,5 +28,8 @@ void BuildResults(Form& form, QDialog& dialog, Session& session);
 void BuildErrform(Form& form, QDialog& dialog, Session& session);
 void BuildFluidAdv(Form& form, QDialog& dialog, Session& session);
 void BuildForceVent(Form& form, QDialog& dialog, Session& session);
+void BuildSysInit(Form& form, QDialog& dialog, Session& session);
+void BuildAbout(Form& form, QDialog& dialog, Session& session);
+void BuildSupport(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
