@@ -4,7 +4,9 @@
 #include "building/force_vent_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
+#include "workspace/demo.h"
 #include "workspace/start_form.h"
+#include "workspace/store_commands.h"
 
 namespace zelmo::ui {
 
@@ -17,6 +19,20 @@ void WireCommands(StartForm& main) {
   main.M_AboutZelmo.on_click = [&main] { main.ShowAbout(); };
   main.M_Support.on_click = [&main] { main.ShowSupport(); };
   main.M_MainForm.on_click = [&main] { main.ShowHelpTopic(12100); };
+  // File
+  main.M_ActivetaDemo.on_click = [&main] { ActivateDemoProject(main.session(), main); };
+  // Project
+  main.M_NewProject.on_click = [&main] { RunNewProject(main); };
+  main.M_OpenProject.on_click = [&main] { RunOpenProject(main); };
+  main.M_CopyProject.on_click = [&main] { RunCopyProject(main); };
+  main.M_DeleteProject.on_click = [&main] { RunDeleteProject(main); };
+  main.M_RenameProject.on_click = [&main] { RunRenameProject(main); };
+  // Case
+  main.M_NewCase.on_click = [&main] { RunNewCase(main); };
+  main.M_OpenCase.on_click = [&main] { RunOpenCase(main); };
+  main.M_CopyCase.on_click = [&main] { RunCopyCase(main); };
+  main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
+  main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
   // Model
   main.M_ForcedVent.on_click = [&main] {
     ForceVent screen(main.session());

@@ -29,6 +29,16 @@ void RegisterAllViews() {
   RegisterView("SysInit", BuildSysInit);
   RegisterView("About", BuildAbout);
   RegisterView("Support", BuildSupport);
+  RegisterView("NewProject", BuildNewProject);
+  RegisterView("OpenProject", BuildOpenProject);
+  RegisterView("CopyProject", BuildCopyProject);
+  RegisterView("RenProject", BuildRenProject);
+  RegisterView("DelProject", BuildDelProject);
+  RegisterView("NewCase", BuildNewCase);
+  RegisterView("OpenCase", BuildOpenCase);
+  RegisterView("CopyCase", BuildCopyCase);
+  RegisterView("RenCase", BuildRenCase);
+  RegisterView("DelCase", BuildDelCase);
 }
 
 }  // namespace zelmo::ui

@@ -31,5 +31,15 @@ void BuildForceVent(Form& form, QDialog& dialog, Session& session);
 void BuildSysInit(Form& form, QDialog& dialog, Session& session);
 void BuildAbout(Form& form, QDialog& dialog, Session& session);
 void BuildSupport(Form& form, QDialog& dialog, Session& session);
+void BuildNewProject(Form& form, QDialog& dialog, Session& session);
+void BuildOpenProject(Form& form, QDialog& dialog, Session& session);
+void BuildCopyProject(Form& form, QDialog& dialog, Session& session);
+void BuildRenProject(Form& form, QDialog& dialog, Session& session);
+void BuildDelProject(Form& form, QDialog& dialog, Session& session);
+void BuildNewCase(Form& form, QDialog& dialog, Session& session);
+void BuildOpenCase(Form& form, QDialog& dialog, Session& session);
+void BuildCopyCase(Form& form, QDialog& dialog, Session& session);
+void BuildRenCase(Form& form, QDialog& dialog, Session& session);
+void BuildDelCase(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui

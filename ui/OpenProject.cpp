@@ -1,0 +1,17 @@
+#include <QVBoxLayout>
+
+#include "ui/store_views.h"
+#include "ui/views.h"
+#include "workspace/project_screens.h"
+
+namespace zelmo::ui {
+
+void BuildOpenProject(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<OpenProject&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  AddCaption(dialog, layout, screen.Label1);
+  AddList(dialog, layout, screen.List1, 10);
+  AddButtons(dialog, layout, {&screen.Command1, &screen.Command2, &screen.Command3});
+}
+
+}  // namespace zelmo::ui

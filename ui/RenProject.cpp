@@ -1,0 +1,18 @@
+#include <QVBoxLayout>
+
+#include "ui/store_views.h"
+#include "ui/views.h"
+#include "workspace/project_screens.h"
+
+namespace zelmo::ui {
+
+void BuildRenProject(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<RenProject&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  AddCaption(dialog, layout, screen.Label1);
+  AddList(dialog, layout, screen.List1, 8);
+  AddField(dialog, layout, screen.Label2, screen.Text1);
+  AddButtons(dialog, layout, {&screen.Command1, &screen.Command2, &screen.Command3});
+}
+
+}  // namespace zelmo::ui

@@ -1,0 +1,59 @@
+#include "ui/store_views.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "ui/qt_text.h"
+
+namespace zelmo::ui {
+
+void AddCaption(QDialog& dialog, QBoxLayout* layout, const Control& label) {
+  auto* widget = new QLabel(&dialog);
+  widget->setObjectName(Q(label.name()));
+  widget->setTextFormat(Qt::PlainText);
+  layout->addWidget(widget);
+}
+
+void AddField(QDialog& dialog, QBoxLayout* layout, const Control& label, const Control& field) {
+  auto* row = new QHBoxLayout;
+  auto* caption = new QLabel(&dialog);
+  caption->setObjectName(Q(label.name()));
+  caption->setTextFormat(Qt::PlainText);
+  caption->setMinimumWidth(Px(1900));
+  auto* edit = new QLineEdit(&dialog);
+  edit->setObjectName(Q(field.name()));
+  // Wide enough for the longest name or headline the field takes.
+  edit->setFixedWidth(Px(field.max_length > 8 ? 3600 : 1500));
+  caption->setBuddy(edit);
+  row->addWidget(caption);
+  row->addWidget(edit);
+  row->addStretch();
+  layout->addLayout(row);
+}
+
+void AddList(QDialog& dialog, QBoxLayout* layout, const Control& list, int rows) {
+  auto* widget = new QListWidget(&dialog);
+  widget->setObjectName(Q(list.name()));
+  widget->setSelectionMode(QAbstractItemView::SingleSelection);
+  widget->setMinimumHeight(rows * Px(285) + 4);
+  layout->addWidget(widget, 1);
+}
+
+void AddButtons(QDialog& dialog, QBoxLayout* layout,
+                std::initializer_list<const Control*> buttons) {
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  for (const Control* button : buttons) {
+    auto* widget = new QPushButton(&dialog);
+    widget->setObjectName(Q(button->name()));
+    widget->setAutoDefault(false);
+    widget->setMinimumWidth(Px(1215));
+    row->addWidget(widget);
+  }
+  layout->addLayout(row);
+}
+
+}  // namespace zelmo::ui
