@@ -121,8 +121,8 @@ StartForm::StartForm(Session& session) : Form("StartForm"), session_(session) {
   PanelLabel(MBS, "Site / Period / Climate",
              "Climatic data; period of simulation; rotation of the building");
   PanelLabel(MBG, "General parameters",
-             "IR radiation; convective film coefficients; ground reflectivity; soil "
-             "resistance; number of times to simulate the first day.");
+             "IR radiation; convective film coefficients; ground reflectivity; soil resistance; "
+             "number of times to simulate the first day.");
   PanelLabel(MBB, "Building elements",
              "Shape; orientation; dimensions; constructions for building elements");
   PanelLabel(MBF, "Fluids and  Advection. connection",
