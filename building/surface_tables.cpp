@@ -64,8 +64,8 @@ Surface::Surface(Session& session)
                  22},
       hole_win_{HoleWinFrame, H_Wind, LabelHWind, H_MovIns, LabelHMovIns, 27} {
   caption = "Building element";
-  width = 11400;
-  height = 8700;
+  width = 14200;
+  height = 9000;
   help_context = 12110;
   cancel_button = "Command2";
 

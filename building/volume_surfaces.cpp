@@ -12,6 +12,8 @@ VolumeSurfaces::VolumeSurfaces(Session& session, const Facings& facings)
   Label1.caption = "Number of surfaces facing a volume";
   Command1.caption = "Cancel";
   cancel_button = "Command1";
+  width = 3600;
+  height = 3900;
   Grid1.SetCols(2);
   Grid1.col_widths = {800, 900};
   Command1.on_click = [this] { Unload(); };

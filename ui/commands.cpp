@@ -1,7 +1,10 @@
 #include "ui/commands.h"
 
+#include <QCoreApplication>
+
 #include "building/fluid_adv_screen.h"
 #include "building/force_vent_screen.h"
+#include "building/surface_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "workspace/demo.h"
@@ -34,6 +37,12 @@ void WireCommands(StartForm& main) {
   main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
   main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
   // Model
+  main.M_Surface.on_click = [&main] {
+    Surface screen(main.session());
+    // The screen's fatal box ends the program, as it says.
+    screen.end_program = [] { QCoreApplication::exit(1); };
+    main.session().dialogs->ShowModal(screen);
+  };
   main.M_ForcedVent.on_click = [&main] {
     ForceVent screen(main.session());
     main.session().dialogs->ShowModal(screen);

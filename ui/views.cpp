@@ -26,6 +26,9 @@ void RegisterAllViews() {
   RegisterView("Errform", BuildErrform);
   RegisterView("FluidAdv", BuildFluidAdv);
   RegisterView("ForceVent", BuildForceVent);
+  RegisterView("Surface", BuildSurface);
+  RegisterView("ShapesPicture", BuildShapesPicture);
+  RegisterView("VolumeSurfaces", BuildVolumeSurfaces);
   RegisterView("SysInit", BuildSysInit);
   RegisterView("About", BuildAbout);
   RegisterView("Support", BuildSupport);

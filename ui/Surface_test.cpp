@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <memory>
+
+#include "building/surface_screen.h"
+#include "building/surface_test_case.h"
+#include "building/volume_surfaces_screen.h"
+#include "ui/qt_dialogs.h"
+#include "ui/test_support.h"
+
+namespace zelmo::ui {
+namespace {
+
+using zelmo::testing::OuterWall;
+
+TEST(SurfaceView, ShowsTheElementAndRefusesAFaultyOne) {
+  TestApp();
+  zelmo::testing::SurfaceCase c;
+  auto hole = OuterWall();
+  hole[0] = "2";
+  hole[6] = "1";
+  hole[7] = "2";
+  hole[9] = "2.5";
+  hole[10] = "0.05";
+  hole[11] = "1";
+  hole[12] = "2.1";
+  hole[13] = "1.9";
+  hole[21] = "2";
+  hole[28] = "0";
+  c.Elements({{"South", OuterWall()}, {"Door wall", hole}});
+  Surface screen(c.fake.session);
+  std::unique_ptr<QDialog> dialog(BuildScreen(screen, c.fake.session));
+  ASSERT_TRUE(dialog);
+  dialog->show();
+  SaveShot(dialog.get(), "Surface");
+  EXPECT_EQ(dialog->windowTitle(), "Building element (South)");
+  auto* list = dialog->findChild<QListWidget*>("SurfList");
+  auto* wall = dialog->findChild<QComboBox*>("M_Wall");
+  auto* a = dialog->findChild<QLineEdit*>("A");
+  auto* c_dim = dialog->findChild<QLineEdit*>("C");
+  auto* hole_frame = dialog->findChild<QGroupBox*>("HoleWallFrame");
+  ASSERT_TRUE(list && wall && a && c_dim && hole_frame);
+  EXPECT_EQ(list->count(), 2);
+  EXPECT_EQ(list->item(1)->text(), "2  | Door wall");
+  EXPECT_EQ(wall->currentText(), "1  | Outer wall");
+  EXPECT_EQ(wall->itemText(1), "0  | Shading screen");
+  EXPECT_EQ(a->text(), "5");
+  EXPECT_FALSE(c_dim->isEnabled());
+  EXPECT_FALSE(hole_frame->isEnabled());
+  EXPECT_EQ(hole_frame->title(), "The hole ( if opaque )");
+  EXPECT_EQ(dialog->findChild<QLabel*>("UnitZenith")->text(), QString::fromUtf8("°"));
+  EXPECT_EQ(dialog->findChild<QPushButton*>("CheckSurfaces")->toolTip(),
+            "Show number of surfaces facing each volume ");
+
+  // The element with the door hole: its frames and the leakage area.
+  list->setCurrentRow(1);
+  EXPECT_EQ(dialog->windowTitle(), "Building element (Door wall)");
+  EXPECT_TRUE(hole_frame->isEnabled());
+  EXPECT_TRUE(c_dim->isEnabled());
+  EXPECT_EQ(dialog->findChild<QComboBox*>("H_Wall")->currentText(), "2  | Floor");
+  EXPECT_EQ(dialog->findChild<QLabel*>("LabelLeakage")->text(), "Leakage area");
+  EXPECT_FALSE(dialog->findChild<QPushButton*>("Command4")->isVisibleTo(dialog.get()));
+  SaveShot(dialog.get(), "Surface_hole");
+
+  // A fault keeps the user on the element, with the gathered message.
+  a->setFocus();
+  a->selectAll();
+  QTest::keyClicks(a, "0");
+  EXPECT_EQ(screen.table().SurfData[2][9], "0");
+  list->setCurrentRow(0);
+  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Surface form check");
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "A must be a value ( 0 -  999999)\rA - F must be >=  .01\r");
+  EXPECT_EQ(list->currentRow(), 1);
+  EXPECT_TRUE(a->hasFocus() || !dialog->isActiveWindow());
+
+  // The shading screen changes the labels of the main wall.
+  QTest::keyClicks(a, "\b4");
+  list->setCurrentRow(0);
+  wall->setCurrentIndex(1);
+  emit wall->activated(1);
+  EXPECT_EQ(dialog->findChild<QLabel*>("LabelMAbsF")->text(), "Absorptance:");
+  EXPECT_EQ(dialog->findChild<QLabel*>("LabelMAbsB")->text(), " % Trans:");
+  EXPECT_EQ(dialog->findChild<QLineEdit*>("Leakage")->text(), "0");
+  SaveShot(dialog.get(), "Surface_shading");
+}
+
+TEST(SurfaceView, ShapesPictureAndVolumeCounts) {
+  TestApp();
+  zelmo::testing::FakeSession fake;
+  ShapesPicture picture;
+  std::unique_ptr<QDialog> shapes(BuildScreen(picture, fake.session));
+  ASSERT_TRUE(shapes);
+  shapes->show();
+  SaveShot(shapes.get(), "ShapesPicture");
+  EXPECT_TRUE(shapes->findChild<QWidget*>("Picture1"));
+  EXPECT_EQ(shapes->windowTitle(), "Shape index");
+
+  SurfaceTable table;
+  table.SurfName[1] = "W";
+  table.SurfData[1][7] = "0";
+  table.SurfData[1][8] = "2";
+  table.SurfCount = 1;
+  VolumeSurfaces counts(fake.session, CountFacings(table));
+  std::unique_ptr<QDialog> dialog(BuildScreen(counts, fake.session));
+  ASSERT_TRUE(dialog);
+  dialog->show();
+  SaveShot(dialog.get(), "VolumeSurfaces");
+  auto* grid = dialog->findChild<QTableWidget*>("Grid");
+  ASSERT_TRUE(grid);
+  EXPECT_EQ(grid->rowCount(), 5);
+  EXPECT_EQ(grid->item(0, 0)->text(), "Volume");
+  EXPECT_EQ(grid->item(2, 0)->text(), "Outdoors");
+  EXPECT_EQ(grid->item(4, 1)->text(), "1");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_TRUE(counts.unloaded);
+}
+
+}  // namespace
+}  // namespace zelmo::ui
