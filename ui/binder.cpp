@@ -253,6 +253,11 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 
 void Binder::Sync() {
   syncing_ = true;
+  // A screen may retitle itself, as the element screens do with the name of
+  // the element shown.
+  if (root_->isWindow() && !form_.caption.empty() && root_->windowTitle() != Q(form_.caption)) {
+    root_->setWindowTitle(Q(form_.caption));
+  }
   for (const auto& pair : pairs_) {
     if (pair.object) SyncOne(pair.control, pair.object);
   }
@@ -319,9 +324,13 @@ void Binder::SyncOne(Control* control, QObject* object) {
   } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
     QString text = Q(control->text);
     if (line->text() != text) line->setText(text);
-    line->setMaxLength(control->max_length > 0 ? control->max_length : 32767);
-    line->setEchoMode(control->password_char ? QLineEdit::Password : QLineEdit::Normal);
-    line->setReadOnly(control->locked);
+    // Setting the maximum length puts the text again and loses the cursor and
+    // the selection, so it is set only when it changes.
+    const int max_length = control->max_length > 0 ? control->max_length : 32767;
+    if (line->maxLength() != max_length) line->setMaxLength(max_length);
+    const auto echo = control->password_char ? QLineEdit::Password : QLineEdit::Normal;
+    if (line->echoMode() != echo) line->setEchoMode(echo);
+    if (line->isReadOnly() != control->locked) line->setReadOnly(control->locked);
   } else if (auto* plain = qobject_cast<QPlainTextEdit*>(widget)) {
     QString text = Shown(control->text);
     if (plain->toPlainText() != text) plain->setPlainText(text);
