@@ -137,6 +137,8 @@ TEST(Volumes, ListPairsAndFacings) {
   EXPECT_EQ(BuildVolumePairs(all, true).size(), 36u);
   EXPECT_EQ(BuildVolumePairs(all, false).size(), 28u);
   EXPECT_EQ(BuildVolumePairs({"1", "3"}, false), (std::vector<std::string>{"1 -> 3"}));
+  EXPECT_EQ(BuildVolumePairs({"1", "2", "3"}, true),
+            (std::vector<std::string>{"1 -> 2", "1 -> 3", "0 -> 1", "2 -> 3", "0 -> 2", "0 -> 3"}));
 
   SurfaceTable table;
   auto add = [&](int slot, const std::string& front, const std::string& back) {
