@@ -93,6 +93,59 @@ TEST_F(StartFormFixture, ExistingProjectsOpenTheProjectCommands) {
   }
 }
 
+TEST_F(StartFormFixture, AnOpenProjectAndThenACaseWidenTheCommands) {
+  WriteBytes(dir / "data/PROJECTS.LIB", "demo - Demonstration\r\n");
+  Start();
+  fake.ws().ProjectName = "demo";
+  main.StateAfterOpenProject(false);
+  std::set<std::string> expected = kAlways;
+  expected.insert({"M_OpenProject",
+                   "M_CopyProject",
+                   "M_DeleteProject",
+                   "M_RenameProject",
+                   "LPO",
+                   "LPC",
+                   "LPD",
+                   "M_Case",
+                   "M_NewCase",
+                   "LCN",
+                   "LCO",
+                   "LCC",
+                   "LCD",
+                   "LCR",
+                   "M_Library",
+                   "M_OpaqueMaterial",
+                   "M_Wall",
+                   "M_Windows_9701",
+                   "M_MovableInsulation",
+                   "M_Glass_Types",
+                   "M_Gases",
+                   "M_Window_types",
+                   "Om",
+                   "LW",
+                   "LWi",
+                   "LCu",
+                   "M_Outsp_Calc",
+                   "M_ThermalLoads",
+                   "ss",
+                   "M_Result",
+                   "M_Textfiles",
+                   "RT"});
+  EXPECT_EQ(Usable(main), expected);
+
+  // With a case every command of the window is usable.
+  fake.ws().CaseName = "case1";
+  main.StateAfterNewCase();
+  std::set<std::string> everything;
+  for (const auto& node : main.MenuTree()) everything.insert(node.item->name());
+  for (const Control* control : main.controls()) {
+    if (control->kind() == ControlKind::kLabel && control->on_click) {
+      everything.insert(control->name());
+    }
+  }
+  EXPECT_EQ(Usable(main), everything);
+}
+
 TEST_F(StartFormFixture, LabelsRunTheirMenuEntryAndGoBlueWhenEnabled) {
   // Every label of the panel stands for one menu entry, wired after the
   // window is made.
