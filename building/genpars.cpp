@@ -50,8 +50,8 @@ bool WriteGenPars(const Workspace& ws, const std::vector<std::string>& lines) {
 
 GenPars::GenPars(Session& session) : Form("GenPars"), session_(session) {
   caption = "General Parameters";
-  width = 5400;
-  height = 5200;
+  width = 6300;
+  height = 4800;
   Label1.caption = "External IR radiation:";
   Option1[0].caption = "Yes";
   Option1[1].caption = "No";

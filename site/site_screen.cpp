@@ -45,8 +45,8 @@ double DateNumber(const Control& year, const Control& month, const Control& day)
 
 Site::Site(Session& session) : Form("Site"), session_(session) {
   caption = "Site / Period / Climate";
-  width = 9600;
-  height = 8800;
+  width = 13800;
+  height = 9300;
   Label1.caption = "Latitude:";
   Label2.caption = "\xB0   ( -90.0 to 90.0, positive to the north )";
   Label3.caption = "Longitude:";
@@ -195,6 +195,9 @@ void Site::FileChosen() {
   std::string name = File1.SelectedItem();
   if (name.empty()) return;
   std::string file = JoinPath(lists_.folder(), name);
+  // The file already chosen is not read again, so what was typed over its
+  // values stays.
+  if (file == TrimBlanks(Climate.text)) return;
   Climate.text = file;
   ClimateChanged();
   Latitude.text = ReadClimateKey(*session_.dialogs, file, ClimateKey::kLatitude);

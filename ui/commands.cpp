@@ -4,9 +4,12 @@
 
 #include "building/fluid_adv_screen.h"
 #include "building/force_vent_screen.h"
+#include "building/genpars.h"
 #include "building/surface_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
+#include "site/move_climatic_files.h"
+#include "site/site_screen.h"
 #include "workspace/demo.h"
 #include "workspace/start_form.h"
 #include "workspace/store_commands.h"
@@ -23,6 +26,10 @@ void WireCommands(StartForm& main) {
   main.M_Support.on_click = [&main] { main.ShowSupport(); };
   main.M_MainForm.on_click = [&main] { main.ShowHelpTopic(12100); };
   // File
+  main.M_Copyclimaticdatafiles.on_click = [&main] {
+    MoveClimaticFiles screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   main.M_ActivetaDemo.on_click = [&main] { ActivateDemoProject(main.session(), main); };
   // Project
   main.M_NewProject.on_click = [&main] { RunNewProject(main); };
@@ -41,6 +48,14 @@ void WireCommands(StartForm& main) {
     Surface screen(main.session());
     // The screen's fatal box ends the program, as it says.
     screen.end_program = [] { QCoreApplication::exit(1); };
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_Site.on_click = [&main] {
+    Site screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_GeneralParameters.on_click = [&main] {
+    GenPars screen(main.session());
     main.session().dialogs->ShowModal(screen);
   };
   main.M_ForcedVent.on_click = [&main] {

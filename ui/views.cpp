@@ -32,6 +32,9 @@ void RegisterAllViews() {
   RegisterView("SysInit", BuildSysInit);
   RegisterView("About", BuildAbout);
   RegisterView("Support", BuildSupport);
+  RegisterView("Site", BuildSite);
+  RegisterView("GenPars", BuildGenPars);
+  RegisterView("MoveClimaticFiles", BuildMoveClimaticFiles);
   RegisterView("NewProject", BuildNewProject);
   RegisterView("OpenProject", BuildOpenProject);
   RegisterView("CopyProject", BuildCopyProject);
