@@ -209,6 +209,16 @@ TEST(SiteScreen, CheckGathersEveryFaultAndFocusesTheFirst) {
   site.FDDay.text = "31";
   site.LDMonth.text = "2";
   EXPECT_TRUE(site.CheckSite());
+  site.Rotation.text = "360.5";
+  site.FDYear.text = "1900";
+  site.FDDay.text = "1";
+  c.fake.dialogs.Clear();
+  EXPECT_FALSE(site.CheckSite());
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "Rotation must be a value (-360 -  360)\rYear must be a value ( 1901 -  2099)\r");
+  EXPECT_EQ(site.focus, "Rotation");
+  site.Rotation.text = "0";
+  site.FDYear.text = "1999";
 
   // A blank in the path fails even when the file is there.
   std::string blank = c.dir / "Climate/With blank.cli";
