@@ -290,7 +290,7 @@ void Surface::Help() {
 }
 
 void Surface::ShowShapes() {
-  ShapesPicture picture;
+  ShapesPicture picture(session_.ws);
   session_.dialogs->ShowModal(picture);
 }
 
@@ -299,10 +299,12 @@ void Surface::ShowVolumeSurfaces() {
   session_.dialogs->ShowModal(screen);
 }
 
-ShapesPicture::ShapesPicture() : Form("ShapesPicture") {
+ShapesPicture::ShapesPicture(const Workspace& ws) : Form("ShapesPicture"), ws_(ws) {
   caption = "Shape index";
-  width = 10500;
-  height = 4200;
+  width = 13500;
+  height = 3450;
 }
+
+void ShapesPicture::Load() { CenterForm(*this, ws_); }
 
 }  // namespace zelmo

@@ -13,6 +13,7 @@
 namespace zelmo {
 
 struct Session;
+struct Workspace;
 
 class Surface : public Form {
  public:
@@ -217,8 +218,12 @@ class Surface : public Form {
 // Screen of the outlines of the five shapes with their dimension letters.
 class ShapesPicture : public Form {
  public:
-  ShapesPicture();
+  explicit ShapesPicture(const Workspace& ws);
+  void Load() override;
   Picture Picture1{this, "Picture1"};
+
+ private:
+  const Workspace& ws_;
 };
 
 }  // namespace zelmo

@@ -181,6 +181,14 @@ void BuildSurface(Form& form, QDialog& dialog, Session&) {
   auto* excl = Named<QLabel>(&dialog, s.LabelExcl);
   excl->setWordWrap(true);
   leakage->addWidget(excl, 1);
+  // The row keeps its places while the leakage or Assign is hidden.
+  for (int i = 0; i < leakage->count(); ++i) {
+    if (QWidget* widget = leakage->itemAt(i)->widget()) {
+      QSizePolicy policy = widget->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      widget->setSizePolicy(policy);
+    }
+  }
   right->addLayout(leakage);
 
   auto* buttons = new QHBoxLayout;

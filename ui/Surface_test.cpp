@@ -97,7 +97,7 @@ TEST(SurfaceView, ShowsTheElementAndRefusesAFaultyOne) {
 TEST(SurfaceView, ShapesPictureAndVolumeCounts) {
   TestApp();
   zelmo::testing::FakeSession fake;
-  ShapesPicture picture;
+  ShapesPicture picture(fake.ws());
   std::unique_ptr<QDialog> shapes(BuildScreen(picture, fake.session));
   ASSERT_TRUE(shapes);
   shapes->show();

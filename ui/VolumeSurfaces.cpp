@@ -42,6 +42,7 @@ void BuildVolumeSurfaces(Form& form, QDialog& dialog, Session&) {
   row->addWidget(table);
   row->addStretch();
   layout->addLayout(row);
+  layout->addStretch();
   auto* buttons = new QHBoxLayout;
   auto* cancel = new QPushButton(&dialog);
   cancel->setObjectName(Q(screen.Command1.name()));
