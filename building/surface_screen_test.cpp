@@ -97,6 +97,15 @@ TEST(SurfaceScreen, LoadFillsTheListsAndShowsTheFirstElementWithItsDefaults) {
                empty.screen.Frame3D1.enabled);
   EXPECT_TRUE(empty.screen.Shape.items.empty());
 
+  // A gap left by an empty name line closes up: rows follow the slots.
+  ScreenCase gap;
+  gap.Elements({{"South", OuterWall()}});
+  testing::WriteBytes(gap.fake.ws().CasePath + "/SURFACE.INP",
+                      gap.SurfaceBytes() + "\r\n" + gap.SurfaceBytes());
+  gap.screen.Load();
+  EXPECT_EQ(gap.screen.SurfList.items, (std::vector<std::string>{"1  | South", "2  | South"}));
+  EXPECT_EQ(gap.screen.table().SurfData[2][9], "5");
+
   // A file cut inside a block does not open the screen.
   ScreenCase cut;
   cut.Elements({{"South", {"0", "90"}}});
