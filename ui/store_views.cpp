@@ -22,7 +22,7 @@ void AddField(QDialog& dialog, QBoxLayout* layout, const Control& label, const C
   auto* caption = new QLabel(&dialog);
   caption->setObjectName(Q(label.name()));
   caption->setTextFormat(Qt::PlainText);
-  caption->setMinimumWidth(Px(1900));
+  caption->setMinimumWidth(Px(2400));
   auto* edit = new QLineEdit(&dialog);
   edit->setObjectName(Q(field.name()));
   // Wide enough for the longest name or headline the field takes.

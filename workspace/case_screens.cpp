@@ -222,6 +222,8 @@ RenCase::RenCase(Session& session, StartForm& main)
 void RenCase::Load() {
   CenterForm(*this, session_.ws);
   FillCaseList(session_.ws, List1);
+  // No case is taken until one is clicked.
+  Text1.SetFocus();
 }
 
 void RenCase::CaseClicked() {
@@ -301,7 +303,9 @@ DelCase::DelCase(Session& session, StartForm& main)
 void DelCase::Load() {
   CenterForm(*this, session_.ws);
   FillCaseList(session_.ws, List1);
+  // Delete stays off until a case is clicked.
   Command1.enabled = false;
+  Command2.SetFocus();
 }
 
 bool DelCase::AskDelete(const std::string& name) {

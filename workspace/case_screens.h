@@ -12,6 +12,11 @@ namespace zelmo {
 struct Session;
 class StartForm;
 
+// "Current case" is a matter of the workspace state alone: CaseName not
+// empty. New and Copy title the main window
+// "Project : <ProjectName>, Case : <CaseName>", Open
+// " Project : <ProjectName>, Case : <CaseName>"; deleting the current case
+// leaves "Project : <ProjectName>".
 class NewCase : public Form {
  public:
   NewCase(Session& session, StartForm& main);
@@ -51,6 +56,7 @@ class OpenCase : public Form {
   StartForm& main_;
 };
 
+// The copy's item in the list reads "<lower name> - <headline>".
 class CopyCase : public Form {
  public:
   CopyCase(Session& session, StartForm& main);

@@ -338,7 +338,9 @@ DelProject::DelProject(Session& session, StartForm& main)
 void DelProject::Load() {
   CenterForm(*this, session_.ws);
   FillProjectList(session_, List1);
+  // Delete stays off until a project is clicked.
   Command1.enabled = false;
+  Command2.SetFocus();
 }
 
 bool DelProject::AskDelete(const std::string& name) {

@@ -12,9 +12,14 @@ namespace zelmo {
 struct Session;
 class StartForm;
 
-// Fills a list with "<name> - <directory>" per project, lower case.
+// Fills a list with "<name> - <directory>" per project, lower case. The lists
+// of New and Open Project are captioned
+// "Existing projects ( <LocalPath lower case> )".
 void FillProjectList(const Session& session, Control& list);
 
+// "Current project" is a matter of the workspace state alone: ProjectName
+// not empty. New and Copy title the main window "Project : <name>", Open
+// " Project : <name>".
 class NewProject : public Form {
  public:
   NewProject(Session& session, StartForm& main);
@@ -52,6 +57,8 @@ class OpenProject : public Form {
   StartForm& main_;
 };
 
+// The copy's item in the list reads "<lower name> - <lower target directory>",
+// a full path, unlike the bare directory the list shows after reloading.
 class CopyProject : public Form {
  public:
   CopyProject(Session& session, StartForm& main);
@@ -74,6 +81,8 @@ class CopyProject : public Form {
   bool loading_ = false;
 };
 
+// Changes the name only: the item becomes "<lower new> - <directory>" and the
+// project keeps its folder.
 class RenProject : public Form {
  public:
   RenProject(Session& session, StartForm& main);

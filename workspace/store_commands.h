@@ -10,14 +10,16 @@ class StartForm;
 void RunNewProject(StartForm& main);
 void RunOpenProject(StartForm& main);
 void RunCopyProject(StartForm& main);
-// Writes the bracket title when the current project's name changed.
+// Writes the bracket title " (<project>)", or " (<project> - <case>)" with a
+// case open, when the current project's name changed.
 void RunRenameProject(StartForm& main);
 // Refreshes the command state afterwards.
 void RunDeleteProject(StartForm& main);
 void RunNewCase(StartForm& main);
 void RunOpenCase(StartForm& main);
 void RunCopyCase(StartForm& main);
-// Writes the title of the open case afterwards.
+// Writes the title of the open case afterwards:
+// "Project : <ProjectName>, Case : <CaseName>".
 void RunRenameCase(StartForm& main);
 void RunDeleteCase(StartForm& main);
 
