@@ -25,6 +25,8 @@ namespace zelmo::ui {
 
 namespace {
 
+constexpr const char* kRowAtPress = "zelmoRowAtPress";
+
 QColor ColorOf(int rgb) { return QColor(rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF); }
 
 QStringList ItemsOf(const Control& control) {
@@ -162,10 +164,12 @@ void Binder::Connect(Control* control, QObject* object) {
       control->list_index = row;
       fire(control->on_click);
     });
+    // A click that selects a new item has already fired through the row
+    // change; a click on the item that was already selected is still a click.
+    list->viewport()->installEventFilter(this);
     connect(list, &QListWidget::itemClicked, this, [this, control, list, fire](QListWidgetItem*) {
       if (syncing_) return;
-      // A click on the item already selected is still a click.
-      if (list->currentRow() == control->list_index) fire(control->on_click);
+      if (list->currentRow() == list->property(kRowAtPress).toInt()) fire(control->on_click);
     });
     connect(list, &QListWidget::itemDoubleClicked, this,
             [control, fire](QListWidgetItem*) { fire(control->on_dbl_click); });
@@ -215,6 +219,12 @@ void Binder::Connect(Control* control, QObject* object) {
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) {
+    if (auto* list = qobject_cast<QListWidget*>(watched->parent());
+        list && list->viewport() == watched) {
+      list->setProperty(kRowAtPress, list->currentRow());
+    }
+  }
   Control* control = ControlOf(watched);
   if (!control || syncing_) return QObject::eventFilter(watched, event);
   switch (event->type()) {
@@ -293,9 +303,12 @@ void Binder::SyncOne(Control* control, QObject* object) {
   if (control->fore_color != kDefaultColor || control->back_color != kDefaultColor) {
     QPalette palette = widget->palette();
     if (control->fore_color != kDefaultColor) {
-      palette.setColor(QPalette::WindowText, ColorOf(control->fore_color));
-      palette.setColor(QPalette::Text, ColorOf(control->fore_color));
-      palette.setColor(QPalette::ButtonText, ColorOf(control->fore_color));
+      // A disabled control greys its text whatever its own colour.
+      for (auto group : {QPalette::Active, QPalette::Inactive}) {
+        for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+          palette.setColor(group, role, ColorOf(control->fore_color));
+        }
+      }
     }
     if (control->back_color != kDefaultColor) {
       widget->setAutoFillBackground(true);

@@ -144,8 +144,9 @@ QDialog* BuildScreen(Form& form, Session& session) {
   if (form.width > 0 && form.height > 0) {
     dialog->resize(Px(form.width), Px(form.height));
   }
-  if (!form.resizable) dialog->setFixedSize(dialog->sizeHint().expandedTo(dialog->size()));
+  // Bound first, so that the size takes in the captions the model fills.
   dialog->Bind();
+  if (!form.resizable) dialog->setFixedSize(dialog->sizeHint().expandedTo(dialog->size()));
   if (form.width > 0 || form.left > 0) dialog->move(Px(form.left), Px(form.top));
   return dialog;
 }
