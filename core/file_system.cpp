@@ -137,4 +137,12 @@ bool EscapesFolder(const std::string& name) {
 
 std::string Separator() { return std::string(1, static_cast<char>(fs::path::preferred_separator)); }
 
+std::string LowerPathWhereCaseIgnored(const std::string& path) {
+#ifdef _WIN32
+  return ToLower(path);
+#else
+  return path;
+#endif
+}
+
 }  // namespace zelmo

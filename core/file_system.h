@@ -33,6 +33,9 @@ std::string StripTrailingSeparator(const std::string& path);
 // True when a name typed by the user would leave its folder: it holds a path
 // separator or is "." or "..".
 bool EscapesFolder(const std::string& name);
+// A path the system shows lower-cased: lower case where the file system
+// ignores case; elsewhere a folder keeps the case the user gave it.
+std::string LowerPathWhereCaseIgnored(const std::string& path);
 // The platform's separator as text.
 std::string Separator();
 

@@ -40,8 +40,7 @@ QPushButton* MakeButton(QDialog& dialog, const char* name) {
 
 }  // namespace
 
-void BuildResults(Form& form, QDialog& dialog, Session&) {
-  (void)static_cast<Results&>(form);
+void BuildResults(Form&, QDialog& dialog, Session&) {
   auto* layout = new QVBoxLayout(&dialog);
   auto* lists = new QGridLayout;
   lists->addWidget(MakeLabel(dialog, "Label1"), 0, 0);

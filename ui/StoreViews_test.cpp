@@ -62,7 +62,7 @@ TEST_F(StoreViews, ProjectScreens) {
   ASSERT_TRUE(dialog);
   EXPECT_EQ(dialog->findChild<QListWidget*>("List1")->count(), 3);
   EXPECT_EQ(dialog->findChild<QLabel*>("Label2")->text(),
-            Q("Existing projects ( " + zelmo::ToLower(fake.ws().LocalPath) + " )"));
+            Q("Existing projects ( " + fake.ws().LocalPath + " )"));
   auto* name = dialog->findChild<QLineEdit*>("Text1");
   EXPECT_EQ(name->maxLength(), 8);
   EXPECT_EQ(dialog->findChild<QPushButton*>("Command1")->text(), "&New");

@@ -17,8 +17,6 @@
 namespace zelmo::ui {
 
 void WireCommands(StartForm& main) {
-  // One line per command, grouped by menu: main.M_X.on_click = [&main] { ... };
-  (void)main;
   // The main window's own commands.
   main.M_EditSystemFile.on_click = [&main] { main.OpenSettings(); };
   main.M_CloseZelmo.on_click = [&main] { main.ExitProgram(); };

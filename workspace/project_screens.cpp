@@ -19,7 +19,7 @@ constexpr int kOpenProjectHelp = 12163;
 constexpr int kDelProjectHelp = 12167;
 
 std::string ExistingProjectsCaption(const Workspace& ws) {
-  return "Existing projects ( " + ToLower(ws.LocalPath) + " )";
+  return "Existing projects ( " + LowerPathWhereCaseIgnored(ws.LocalPath) + " )";
 }
 
 // True when a line of PROJECTS.LIB has the name, or the path as its
@@ -226,7 +226,10 @@ void CopyProject::Copy() {
   if (!IsPlainFolderName(source_directory) || !FolderExists(source)) {
     throw FileError(source, 0, "Path not found");
   }
-  List1.AddItem(ToLower(name) + " - " + ToLower(target));
+  // The project's folder is named in lower case; the data folder keeps its own.
+  List1.AddItem(
+      ToLower(name) + " - " +
+      LowerPathWhereCaseIgnored(JoinPath(ParentFolder(target), ToLower(LastName(target)))));
   CreateProjectEntry(ws, main_, name, target);
   if (!CopyFolderTree(source, ws.ProjectPath)) throw FileError(source, 0, "Path not found");
   // The copy keeps the inputs and the module flags of its cases, not their

@@ -14,7 +14,8 @@ class StartForm;
 
 // Fills a list with "<name> - <directory>" per project, lower case. The lists
 // of New and Open Project are captioned
-// "Existing projects ( <LocalPath lower case> )".
+// "Existing projects ( <LocalPath> )", the path lower-cased where case is
+// ignored.
 void FillProjectList(const Session& session, Control& list);
 
 // "Current project" is a matter of the workspace state alone: ProjectName

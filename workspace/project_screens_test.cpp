@@ -13,7 +13,7 @@ constexpr int kWarning = mb::kExclamation;
 TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   NewProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
-  EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + zelmo::ToLower(ws().LocalPath) + " )");
+  EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + ws().LocalPath + " )");
   EXPECT_TRUE(screen.List1.items.empty());
   screen.Text1.text = " ABC ";
   screen.New();
@@ -131,7 +131,7 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   EXPECT_TRUE(fake.dialogs.messages.empty());
   EXPECT_EQ(fake.dialogs.busy_calls, (std::vector<bool>{true, false}));
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
-  EXPECT_EQ(screen.List1.items.back(), "cp - " + zelmo::ToLower(Data("Cp")));
+  EXPECT_EQ(screen.List1.items.back(), "cp - " + Data("cp"));
   EXPECT_EQ(ws().ProjectName, "cp");
   EXPECT_EQ(main.caption, "Project : cp");
   EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")), "X--XX-\r\n");
