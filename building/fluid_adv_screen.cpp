@@ -173,26 +173,14 @@ void FluidAdv::Save() {
 }
 
 void FluidAdv::Ok() {
-  if (!CheckConnections()) return;
-  Save();
-  Unload();
+  OkAndClose(
+      *this, [this] { return CheckConnections(); }, [this] { Save(); });
 }
 
 void FluidAdv::Cancel() {
-  if (dirty_) {
-    std::string text = "Fluid & advection connection";
-    switch (AskSaveChanges(*session_.dialogs, text)) {
-      case Answer::kYes:
-        if (!CheckConnections()) return;
-        Save();
-        break;
-      case Answer::kNo:
-        break;
-      default:
-        return;
-    }
-  }
-  Unload();
+  CancelAskingToSave(
+      *this, *session_.dialogs, dirty_, "Fluid & advection connection",
+      [this] { return CheckConnections(); }, [this] { Save(); });
 }
 
 }  // namespace zelmo

@@ -114,26 +114,14 @@ void ForceVent::Save() {
 }
 
 void ForceVent::Ok() {
-  if (!CheckNumbers() || !CheckBalance()) return;
-  Save();
-  Unload();
+  OkAndClose(
+      *this, [this] { return CheckNumbers() && CheckBalance(); }, [this] { Save(); });
 }
 
 void ForceVent::Cancel() {
-  if (dirty_) {
-    std::string text = "Forced ventilation";
-    switch (AskSaveChanges(*session_.dialogs, text)) {
-      case Answer::kYes:
-        if (!CheckNumbers() || !CheckBalance()) return;
-        Save();
-        break;
-      case Answer::kNo:
-        break;
-      default:
-        return;
-    }
-  }
-  Unload();
+  CancelAskingToSave(
+      *this, *session_.dialogs, dirty_, "Forced ventilation",
+      [this] { return CheckNumbers() && CheckBalance(); }, [this] { Save(); });
 }
 
 }  // namespace zelmo

@@ -172,26 +172,14 @@ void GenPars::Save() {
 }
 
 void GenPars::Ok() {
-  if (!CheckGenPars()) return;
-  Save();
-  Unload();
+  OkAndClose(
+      *this, [this] { return CheckGenPars(); }, [this] { Save(); });
 }
 
 void GenPars::Cancel() {
-  if (dirty_) {
-    std::string text = "General parameters";
-    switch (AskSaveChanges(*session_.dialogs, text)) {
-      case Answer::kYes:
-        if (!CheckGenPars()) return;
-        Save();
-        break;
-      case Answer::kNo:
-        break;
-      default:
-        return;
-    }
-  }
-  Unload();
+  CancelAskingToSave(
+      *this, *session_.dialogs, dirty_, "General parameters", [this] { return CheckGenPars(); },
+      [this] { Save(); });
 }
 
 }  // namespace zelmo

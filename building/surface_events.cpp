@@ -260,29 +260,14 @@ void Surface::Save() {
 }
 
 void Surface::Ok() {
-  if (!CheckSurface()) return;
-  Save();
-  Unload();
+  OkAndClose(
+      *this, [this] { return CheckSurface(); }, [this] { Save(); });
 }
 
 void Surface::Cancel() {
-  if (!Dirty) {
-    Unload();
-    return;
-  }
-  std::string text = "Surfaces";
-  switch (AskSaveChanges(*session_.dialogs, text)) {
-    case Answer::kYes:
-      if (!CheckSurface()) return;
-      Save();
-      Unload();
-      break;
-    case Answer::kNo:
-      Unload();
-      break;
-    default:
-      break;
-  }
+  CancelAskingToSave(
+      *this, *session_.dialogs, Dirty, "Surfaces", [this] { return CheckSurface(); },
+      [this] { Save(); });
 }
 
 void Surface::Help() {

@@ -24,6 +24,31 @@ Answer AskSaveChanges(Dialogs& dialogs) {
   return AskSaveChanges(dialogs, text);
 }
 
+void OkAndClose(Form& form, const std::function<bool()>& check, const std::function<void()>& save) {
+  if (!check()) return;
+  save();
+  form.Unload();
+}
+
+void CancelAskingToSave(Form& form, Dialogs& dialogs, bool dirty, const std::string& what,
+                        const std::function<bool()>& check, const std::function<void()>& save) {
+  if (!dirty) {
+    form.Unload();
+    return;
+  }
+  std::string text = what;
+  switch (AskSaveChanges(dialogs, text)) {
+    case Answer::kYes:
+      OkAndClose(form, check, save);
+      break;
+    case Answer::kNo:
+      form.Unload();
+      break;
+    default:
+      break;
+  }
+}
+
 void FillCaseList(const Workspace& ws, Control& list) {
   auto lines = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
   if (!lines) return;

@@ -1,6 +1,7 @@
 // Helpers shared by the screens.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,14 @@ void CenterForm(Form& form, const Workspace& ws);
 // when it is not empty. `text` receives what was shown.
 Answer AskSaveChanges(Dialogs& dialogs, std::string& text);
 Answer AskSaveChanges(Dialogs& dialogs);
+
+// Ok and Cancel of a screen that edits a file. Ok: when `check` passes,
+// `save` writes and the form closes. Cancel: without changes the form closes;
+// with changes AskSaveChanges names `what`, and Yes is Ok, No closes without
+// saving and Cancel leaves the form open.
+void OkAndClose(Form& form, const std::function<bool()>& check, const std::function<void()>& save);
+void CancelAskingToSave(Form& form, Dialogs& dialogs, bool dirty, const std::string& what,
+                        const std::function<bool()>& check, const std::function<void()>& save);
 
 // One item per line of CASES.LIB: the name in lower case, " - ", the headline.
 void FillCaseList(const Workspace& ws, Control& list);

@@ -110,6 +110,35 @@ TEST(SortRows, SortsTheRangeOnOneKeyMovingWholeRows) {
   EXPECT_EQ(numbers, (TextTable{{"10"}, {"9"}, {"B"}, {"a"}}));
 }
 
+TEST(FormHelpers, CancelAsksOnlyWithChangesAndSavesOnlyWhatPassesTheCheck) {
+  FakeSession fake;
+  bool passes = true;
+  int saved = 0;
+  auto check = [&passes] { return passes; };
+  auto save = [&saved] { ++saved; };
+  auto cancel = [&](bool dirty, Answer answer) {
+    Form form("F");
+    fake.dialogs.Clear();
+    fake.dialogs.answers = {answer};
+    CancelAskingToSave(form, fake.dialogs, dirty, "Site", check, save);
+    return form.unloaded;
+  };
+  EXPECT_TRUE(cancel(false, Answer::kYes));
+  EXPECT_TRUE(fake.dialogs.messages.empty());
+  EXPECT_TRUE(cancel(true, Answer::kNo));
+  EXPECT_EQ(fake.dialogs.Last().text, "Do you want to save changes ?\r\rSite");
+  EXPECT_EQ(saved, 0);
+  EXPECT_FALSE(cancel(true, Answer::kCancel));
+  EXPECT_TRUE(cancel(true, Answer::kYes));
+  EXPECT_EQ(saved, 1);
+  passes = false;
+  EXPECT_FALSE(cancel(true, Answer::kYes));
+  Form form("F");
+  OkAndClose(form, check, save);
+  EXPECT_FALSE(form.unloaded);
+  EXPECT_EQ(saved, 1);
+}
+
 TEST(FormHelpers, SaveQuestionCentreAndCaseList) {
   FakeSession fake;
   std::string text = "Surface";

@@ -315,26 +315,13 @@ void Site::Save() {
 }
 
 void Site::Ok() {
-  if (!CheckSite()) return;
-  Save();
-  Unload();
+  OkAndClose(
+      *this, [this] { return CheckSite(); }, [this] { Save(); });
 }
 
 void Site::Cancel() {
-  if (Dirty) {
-    std::string text = "Site";
-    switch (AskSaveChanges(*session_.dialogs, text)) {
-      case Answer::kYes:
-        if (!CheckSite()) return;
-        Save();
-        break;
-      case Answer::kNo:
-        break;
-      default:
-        return;
-    }
-  }
-  Unload();
+  CancelAskingToSave(
+      *this, *session_.dialogs, Dirty, "Site", [this] { return CheckSite(); }, [this] { Save(); });
 }
 
 void Site::Help() {
