@@ -1,6 +1,6 @@
 #include <QVBoxLayout>
 
-#include "ui/store_views.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 #include "workspace/project_screens.h"
 

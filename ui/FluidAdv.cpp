@@ -8,6 +8,7 @@
 
 #include "building/fluid_adv_screen.h"
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
@@ -47,16 +48,8 @@ void BuildFluidAdv(Form& form, QDialog& dialog, Session&) {
   layout->addSpacing(Px(120));
   layout->addWidget(label2);
   layout->addWidget(MakeGrid(dialog, screen.AdvConnList, "AdvConnList", 10));
-  auto* buttons = new QHBoxLayout;
-  auto* ok = new QPushButton(&dialog);
-  ok->setObjectName("Command1");
-  auto* cancel = new QPushButton(&dialog);
-  cancel->setObjectName("Command2");
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
   layout->addSpacing(Px(120));
-  layout->addLayout(buttons);
+  AddButtons(dialog, layout, {&screen.Command1, &screen.Command2});
 }
 
 }  // namespace zelmo::ui

@@ -7,6 +7,7 @@
 
 #include "building/force_vent_screen.h"
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
@@ -28,16 +29,8 @@ void BuildForceVent(Form& form, QDialog& dialog, Session&) {
   table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
   table->setFixedHeight(16 * Px(285) + 4);
   layout->addWidget(table);
-  auto* buttons = new QHBoxLayout;
-  auto* ok = new QPushButton(&dialog);
-  ok->setObjectName("Command1");
-  auto* cancel = new QPushButton(&dialog);
-  cancel->setObjectName("Command2");
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
   layout->addSpacing(Px(120));
-  layout->addLayout(buttons);
+  AddButtons(dialog, layout, {&screen.Command1, &screen.Command2});
 }
 
 }  // namespace zelmo::ui

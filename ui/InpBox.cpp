@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
@@ -20,17 +21,9 @@ void BuildInpBox(Form& form, QDialog& dialog, Session&) {
   auto* text = new QLineEdit(&dialog);
   text->setObjectName("Text1");
   text->setMinimumWidth(Px(box.Text1.width));
-  auto* buttons = new QHBoxLayout;
-  auto* ok = new QPushButton(&dialog);
-  ok->setObjectName("Command1");
-  auto* cancel = new QPushButton(&dialog);
-  cancel->setObjectName("Command2");
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
   layout->addWidget(label);
   layout->addWidget(text);
-  layout->addLayout(buttons);
+  AddButtons(dialog, layout, {&box.Command1, &box.Command2});
   dialog.setMinimumWidth(Px(box.width));
 }
 

@@ -7,20 +7,10 @@
 #include <QVBoxLayout>
 
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
-
-namespace {
-
-template <typename W>
-W* Named(QWidget* parent, const char* name) {
-  auto* widget = new W(parent);
-  widget->setObjectName(name);
-  return widget;
-}
-
-}  // namespace
 
 void BuildMoveClimaticFiles(Form&, QDialog& dialog, Session&) {
   auto* root = new QVBoxLayout(&dialog);

@@ -11,18 +11,12 @@
 #include <QVBoxLayout>
 
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
 
 namespace {
-
-template <typename W>
-W* Named(QWidget* parent, const char* name) {
-  auto* widget = new W(parent);
-  widget->setObjectName(name);
-  return widget;
-}
 
 QLineEdit* Input(QWidget* parent, const char* name, int width_twips) {
   auto* input = Named<QLineEdit>(parent, name);

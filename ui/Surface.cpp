@@ -11,19 +11,12 @@
 
 #include "building/surface_screen.h"
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
 
 namespace {
-
-// Widgets named after the model's controls; the binder fills their texts.
-template <typename W>
-W* Named(QWidget* parent, const Control& control) {
-  auto* widget = new W(parent);
-  widget->setObjectName(Q(control.name()));
-  return widget;
-}
 
 QLineEdit* Field(QWidget* parent, const Control& control, int twips = 900) {
   auto* edit = Named<QLineEdit>(parent, control);

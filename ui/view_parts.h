@@ -1,14 +1,28 @@
-// The parts the views of the project and case screens are made of: a label,
-// a text field, a list and the row of buttons under them.
+// The parts the views are made of: widgets named after their controls, a
+// label, a text field, a list and the row of buttons under them.
 #pragma once
 
 #include <QBoxLayout>
 #include <QDialog>
+#include <QString>
 #include <initializer_list>
+#include <string>
 
 #include "core/controls.h"
 
 namespace zelmo::ui {
+
+// A widget named after its control; the binder fills its texts.
+template <typename W>
+W* Named(QWidget* parent, const char* name) {
+  auto* widget = new W(parent);
+  widget->setObjectName(QString::fromLatin1(name));
+  return widget;
+}
+template <typename W>
+W* Named(QWidget* parent, const Control& control) {
+  return Named<W>(parent, control.name().c_str());
+}
 
 // A caption above or beside what it names.
 void AddCaption(QDialog& dialog, QBoxLayout* layout, const Control& label);

@@ -1,4 +1,4 @@
-#include "ui/store_views.h"
+#include "ui/view_parts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
