@@ -195,9 +195,8 @@ void Site::FileChosen() {
   std::string name = File1.SelectedItem();
   if (name.empty()) return;
   std::string file = JoinPath(lists_.folder(), name);
-  // The file already chosen is not read again, so what was typed over its
-  // values stays.
-  if (file == TrimBlanks(Climate.text)) return;
+  // Every choice reads the file again, the one already chosen included: a
+  // second click brings back what the file says.
   Climate.text = file;
   ClimateChanged();
   Latitude.text = ReadClimateKey(*session_.dialogs, file, ClimateKey::kLatitude);

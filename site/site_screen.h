@@ -26,7 +26,7 @@ class Site : public Form {
   // follow the file's wind mark.
   void ClimateChanged();
   // A file of the file list: it becomes the climate file, and the position
-  // and the period are read from it (not again for the file already chosen).
+  // and the period are read from it.
   void FileChosen();
   void DriveChosen();
   void DirOpened();

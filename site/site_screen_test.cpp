@@ -156,6 +156,11 @@ TEST(SiteScreen, ChoosingAFileReadsPositionAndPeriod) {
   EXPECT_TRUE(site.Wind.visible);
   EXPECT_TRUE(site.dirty());
   EXPECT_TRUE(site.CheckSite());
+  // A second click on the same file reads it again over what was typed.
+  site.Latitude.text = "10";
+  site.FDDay.text = "5";
+  site.File1.on_click();
+  EXPECT_EQ(site.Latitude.text + "|" + site.FDDay.text, "59.35|01");
 }
 
 TEST(SiteScreen, CheckGathersEveryFaultAndFocusesTheFirst) {
