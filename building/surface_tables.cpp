@@ -32,7 +32,9 @@ void AddLibraryRows(const std::string& path, std::vector<Control*> lists) {
     std::string number = TrimBlanks(FieldBefore(line, kTab));
     std::string name = TrimBlanks(NthFieldBefore(line + kTab, kTab, 2));
     if (number.empty()) continue;
-    number = std::to_string(static_cast<long>(Val(number)));
+    // A number past any library's size stays as it is written.
+    const double value = Val(number);
+    if (value > -1e9 && value < 1e9) number = std::to_string(static_cast<long>(value));
     for (Control* list : lists) list->AddItem(NumberedRow(number, name));
   }
 }
@@ -287,8 +289,10 @@ int Surface::ListPositionOf(Control& list, const std::string& number) {
 
 void Surface::ShowElement() {
   const auto& fields = Fields();
-  const int shape = static_cast<int>(Val(fields[1]));
-  Shape.list_index = shape >= 0 && shape < static_cast<int>(Shape.items.size()) ? shape : -1;
+  // A shape beyond the list, however large, shows no shape.
+  const double shape = Val(fields[1]);
+  Shape.list_index =
+      shape >= 0 && shape < static_cast<double>(Shape.items.size()) ? static_cast<int>(shape) : -1;
   auto or_default = [](const std::string& text, const char* fallback) {
     return TrimBlanks(text).empty() ? std::string(fallback) : text;
   };
@@ -323,8 +327,8 @@ void Surface::ShowElement() {
   auto position = [](const std::string& code, int offset, int items) {
     std::string text = TrimBlanks(code);
     if (text.empty() || !IsSignedNumberText(text)) return 0;
-    int index = static_cast<int>(Val(text)) + offset;
-    return index >= 1 && index < items ? index : 0;
+    double index = Val(text) + offset;
+    return index >= 1 && index < items ? static_cast<int>(index) : 0;
   };
   front.list_index = position(fields[7], 2, static_cast<int>(front.items.size()));
   back.list_index = position(fields[8], 1, static_cast<int>(back.items.size()));
