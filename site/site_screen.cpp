@@ -195,6 +195,12 @@ void Site::FileChosen() {
   std::string name = File1.SelectedItem();
   if (name.empty()) return;
   std::string file = JoinPath(lists_.folder(), name);
+  // A file gone since the list was filled changes nothing: the list shows
+  // what is there now and the choice is abandoned.
+  if (!FileCanOpen(file)) {
+    lists_.Refresh();
+    throw FileError(file, 0, "File not found");
+  }
   // Every choice reads the file again, the one already chosen included: a
   // second click brings back what the file says.
   Climate.text = file;

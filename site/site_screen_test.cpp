@@ -161,6 +161,15 @@ TEST(SiteScreen, ChoosingAFileReadsPositionAndPeriod) {
   site.FDDay.text = "5";
   site.File1.on_click();
   EXPECT_EQ(site.Latitude.text + "|" + site.FDDay.text, "59.35|01");
+  // A file gone since the list was filled is refused and changes nothing.
+  WriteBytes(c.dir / "Climate/Gone.CLI", kClimateText);
+  site.folder_lists().Refresh();
+  site.File1.list_index = 0;
+  ASSERT_EQ(site.File1.SelectedItem(), "Gone.CLI");
+  DeleteFile(c.dir / "Climate/Gone.CLI");
+  EXPECT_THROW(site.File1.on_click(), FileError);
+  EXPECT_EQ(site.Climate.text, c.climate);
+  EXPECT_EQ(site.File1.items, std::vector<std::string>{"Sthlm.CLI"});
 }
 
 TEST(SiteScreen, CheckGathersEveryFaultAndFocusesTheFirst) {
