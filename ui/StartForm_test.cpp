@@ -120,6 +120,20 @@ TEST(StartFormView, CommandsLabelsTitleAndExit) {
   ActionOf(window, "M_OpenProject")->trigger();
   EXPECT_EQ(window.windowTitle(), " Project : other");
 
+  // A greyed label runs nothing, though its menu entry is enabled.
+  int runs = 0;
+  s.main.M_ThermalLoads.enabled = true;
+  s.main.M_ThermalLoads.on_click = [&runs] { ++runs; };
+  s.main.SetButtonsForMenu(s.main.ss, false);
+  window.binder()->Sync();
+  QTest::mouseClick(window.findChild<QLabel*>("ss"), Qt::LeftButton);
+  QTest::mouseDClick(window.findChild<QLabel*>("ss"), Qt::LeftButton);
+  EXPECT_EQ(runs, 0);
+  s.main.SetButtonsForMenu(s.main.ss, true);
+  window.binder()->Sync();
+  QTest::mouseClick(window.findChild<QLabel*>("ss"), Qt::LeftButton);
+  EXPECT_EQ(runs, 1);
+
   ActionOf(window, "M_AboutZelmo")->trigger();
   ActionOf(window, "M_Support")->trigger();
   ActionOf(window, "M_EditSystemFile")->trigger();

@@ -227,15 +227,19 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   }
   Control* control = ControlOf(watched);
   if (!control || syncing_) return QObject::eventFilter(watched, event);
+  // A disabled widget still hands its mouse events to the filters; a greyed
+  // label must not run its command.
+  auto* label = qobject_cast<QLabel*>(watched);
+  const bool clickable = label && label->isEnabled();
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-      if (qobject_cast<QLabel*>(watched) && control->on_click) {
+      if (clickable && control->on_click) {
         Fire(control->on_click);
         return true;
       }
       break;
     case QEvent::MouseButtonDblClick:
-      if (qobject_cast<QLabel*>(watched) && control->on_dbl_click) {
+      if (clickable && control->on_dbl_click) {
         Fire(control->on_dbl_click);
         return true;
       }

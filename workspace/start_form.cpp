@@ -22,11 +22,11 @@ void PanelLabel(Label& label, const char* caption, const char* tool_tip) {
   label.enabled = false;
 }
 
-// A label of the panel is a short cut for its menu entry: it runs whatever
-// the entry does at the moment of the click.
+// A label of the panel is a short cut for its menu entry: while the label is
+// enabled it runs whatever the entry does at the moment of the click.
 void Forward(Label& label, MenuItem& entry) {
-  label.on_click = [&entry] {
-    if (entry.on_click) entry.on_click();
+  label.on_click = [&label, &entry] {
+    if (label.enabled && entry.on_click) entry.on_click();
   };
 }
 
