@@ -11,6 +11,9 @@ namespace {
 
 inline constexpr int kEnabledBlue = Rgb(0, 0, 200);
 
+// Where the climate files of the calculation are offered for download.
+inline constexpr char kClimateDataPage[] = "https://climate.onebuilding.org/";
+
 void Menu(MenuItem& item, const char* caption, bool enabled = true) {
   item.caption = caption;
   item.enabled = enabled;
@@ -183,6 +186,7 @@ StartForm::StartForm(Session& session) : Form("StartForm"), session_(session) {
   LblVersion.visible = false;
   MoreAbout.caption = "More about ZELMO-QRN";
   MoreAbout.on_click = [this] { ShowHelpTopic(12000); };
+  M_Downloadclimaticdatafiles.on_click = [this] { DownloadClimateFiles(); };
 }
 
 void StartForm::SetButtonsForMenu(Control& label, bool enabled) {
@@ -255,6 +259,10 @@ void StartForm::ShowHelpTopic(int context) {
   if (!session_.desktop) return;
   const Workspace& ws = session_.ws;
   session_.desktop->ShowHelp(ws.HelpFile.empty() ? MainHelpFile(ws) : ws.HelpFile, context);
+}
+
+void StartForm::DownloadClimateFiles() {
+  if (session_.desktop) session_.desktop->OpenUrl(kClimateDataPage);
 }
 
 void StartForm::ShowMenuLayout() {

@@ -30,6 +30,9 @@ class StartForm : public Form {
   void ShowAbout();
   void ShowSupport();
   void ShowHelpTopic(int context);
+  // File / Climatic data files / Download: the browser on the page of
+  // climate data.
+  void DownloadClimateFiles();
   // The layout with menus: the top menus shown.
   void ShowMenuLayout();
 

@@ -209,6 +209,10 @@ TEST_F(StartFormFixture, HelpAndExit) {
   std::string help = JoinPath(dir / "Help_English", "ZELMO_e.chm");
   EXPECT_EQ(fake.desktop.help_calls,
             (std::vector<std::pair<std::string, int>>{{help, 12000}, {help, 12100}}));
+  // The download entry opens the page of climate data in the browser.
+  main.M_Downloadclimaticdatafiles.on_click();
+  ASSERT_EQ(fake.desktop.urls.size(), 1u);
+  EXPECT_EQ(fake.desktop.urls[0].rfind("https://", 0), 0u);
   main.ShowAbout();
   main.ShowSupport();
   main.OpenSettings();
