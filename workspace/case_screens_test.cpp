@@ -89,6 +89,23 @@ TEST_F(CaseScreens, OpenCaseSetsTheCaseAndItsState) {
   // Open Case and Rename Case are left as they were.
   EXPECT_FALSE(main.M_OpenCase.enabled || main.M_RenameCase.enabled);
   EXPECT_TRUE(main.M_CopyCase.enabled && main.M_DeleteCase.enabled);
+
+  // A line with no name, or a name above the project, is damaged.
+  AppendLine(InProject("CASES.LIB"), "headline only");
+  AppendLine(InProject("CASES.LIB"), ".. - up");
+  for (int index : {2, 3}) {
+    OpenCase damaged(fake.session, main);
+    fake.dialogs.ShowModal(damaged);
+    damaged.List1.list_index = index;
+    try {
+      damaged.Open();
+      ADD_FAILURE() << index;
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.path(), InProject("CASES.LIB"));
+      EXPECT_EQ(error.line(), index + 1);
+    }
+    EXPECT_EQ(ws().CasePath, InProject("c2"));
+  }
 }
 
 TEST_F(CaseScreens, CopyCaseKeepsFlagsAndInputsAndDropsResults) {
@@ -133,14 +150,20 @@ TEST_F(CaseScreens, CopyCaseKeepsFlagsAndInputsAndDropsResults) {
 TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   AddCase("c1", "first", "------");
   AddCase("c2", "second", "------");
-  // A case must be open to rename any case.
-  RenCase closed(fake.session, main);
-  fake.dialogs.ShowModal(closed);
-  closed.List1.list_index = 0;
-  closed.List1.on_click();
-  closed.Rename();
+  // A case must be open to rename any case; the main window writes its
+  // title all the same.
+  fake.dialogs.screens["RenCase"] = [](Form& form) {
+    auto& screen = static_cast<RenCase&>(form);
+    screen.List1.list_index = 0;
+    screen.List1.on_click();
+    screen.Command1.on_click();
+    EXPECT_TRUE(screen.unloaded);
+  };
+  RunRenameCase(main);
   EXPECT_EQ(fake.dialogs.Last().text, "No Case has been opened");
-  EXPECT_TRUE(closed.unloaded);
+  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(main.caption, "Project : abc, Case : ");
+  EXPECT_EQ(Cases(), "c1 - first\r\nc2 - second\r\n");
 
   ws().CaseName = "c1";
   ws().CaseHeadline = "first";

@@ -45,11 +45,9 @@ void RunCopyCase(StartForm& main) { Show<CopyCase>(main); }
 
 void RunRenameCase(StartForm& main) {
   Show<RenCase>(main);
+  // Written whatever the screen did, with no case open too.
   const Workspace& ws = main.session().ws;
-  // With no case open there is no case to name in the title.
-  if (!ws.CaseName.empty()) {
-    main.SetTitle("Project : " + ws.ProjectName + ", Case : " + ws.CaseName);
-  }
+  main.SetTitle("Project : " + ws.ProjectName + ", Case : " + ws.CaseName);
 }
 
 void RunDeleteCase(StartForm& main) { Show<DelCase>(main); }

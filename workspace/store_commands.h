@@ -18,8 +18,8 @@ void RunDeleteProject(StartForm& main);
 void RunNewCase(StartForm& main);
 void RunOpenCase(StartForm& main);
 void RunCopyCase(StartForm& main);
-// Writes the title of the open case afterwards:
-// "Project : <ProjectName>, Case : <CaseName>".
+// Writes the title afterwards, "Project : <ProjectName>, Case : <CaseName>",
+// whatever the screen did.
 void RunRenameCase(StartForm& main);
 void RunDeleteCase(StartForm& main);
 
