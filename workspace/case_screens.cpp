@@ -118,7 +118,13 @@ void OpenCase::Open() {
   if (List1.list_index < 0) return;
   Workspace& ws = session_.ws;
   const std::string item = List1.SelectedItem();
-  ws.CaseName = ItemName(item);
+  // A register line without a name would make the project's folder, or one
+  // above it, the case's folder: such a line is damaged.
+  const std::string name = ItemName(item);
+  if (name.empty() || EscapesFolder(name)) {
+    throw FileError(CasesFilePath(ws), List1.list_index + 1, "The line names no case folder");
+  }
+  ws.CaseName = name;
   ws.CaseHeadline = ItemHeadline(item);
   ws.CasePath = JoinPath(ws.ProjectPath, ws.CaseName);
   // Nothing in the case is read or repaired here.

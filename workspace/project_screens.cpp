@@ -151,8 +151,14 @@ void OpenProject::Open() {
   if (List1.list_index < 0) return;
   Workspace& ws = session_.ws;
   const std::string item = List1.SelectedItem();
+  const std::string directory = FieldAfter(item, " - ");
+  // A register line without a folder of its own would make the data folder,
+  // or one above it, the project's folder: such a line is damaged.
+  if (!IsPlainFolderName(directory)) {
+    throw FileError(ProjectsFilePath(ws), List1.list_index + 1, "The line names no project folder");
+  }
   ws.ProjectName = FieldBefore(item, " - ");
-  ws.ProjectPath = JoinPath(ws.LocalPath, FieldAfter(item, " - "));
+  ws.ProjectPath = JoinPath(ws.LocalPath, directory);
   // Opening a project always closes the case. Nothing in the project is read
   // or repaired here.
   ws.CaseName.clear();

@@ -107,6 +107,25 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   EXPECT_EQ(main.caption, " Project : one");
   EXPECT_TRUE(main.M_OpenCase.enabled && main.M_CopyCase.enabled && main.M_DeleteCase.enabled &&
               main.M_RenameCase.enabled);
+
+  // A damaged line that names no folder, or one above the data folder, is
+  // not opened: the current project stays.
+  AppendLine(Data("PROJECTS.LIB"), "bare");
+  AppendLine(Data("PROJECTS.LIB"), "up\t..");
+  for (int index : {2, 3}) {
+    OpenProject damaged(fake.session, main);
+    fake.dialogs.ShowModal(damaged);
+    damaged.List1.list_index = index;
+    try {
+      damaged.Open();
+      ADD_FAILURE() << index;
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.path(), Data("PROJECTS.LIB"));
+      EXPECT_EQ(error.line(), index + 1);
+    }
+    EXPECT_EQ(ws().ProjectPath, Data("one"));
+    EXPECT_EQ(main.caption, " Project : one");
+  }
 }
 
 TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
