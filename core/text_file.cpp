@@ -6,6 +6,8 @@
 #include <sstream>
 #include <system_error>
 
+#include "core/fields.h"
+
 namespace zelmo {
 namespace fs = std::filesystem;
 
@@ -17,19 +19,14 @@ constexpr std::array<char32_t, 32> kHighTable = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-char LowerByte(char c) {
-  unsigned char u = static_cast<unsigned char>(c);
-  if (u >= 'A' && u <= 'Z') return static_cast<char>(u + 32);
-  if (u >= 0xC0 && u <= 0xDE && u != 0xD7) return static_cast<char>(u + 32);
-  return c;
-}
-
-bool SameIgnoringCase(const std::string& a, const std::string& b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (LowerByte(a[i]) != LowerByte(b[i])) return false;
-  }
-  return true;
+// Two names in a folder that differ only in the case of their letters. The
+// names are compared as the program's single-byte text, so "Åsa" finds
+// "åsa"; a name with a character outside that code page is compared exactly.
+bool SameIgnoringCase(const fs::path& a, const fs::path& b) {
+  std::string a_text = FromFsPath(a);
+  std::string b_text = FromFsPath(b);
+  if (ToFsPath(a_text) != a || ToFsPath(b_text) != b) return a == b;
+  return EqualsIgnoringCase(a_text, b_text);
 }
 
 std::vector<std::string> SplitLines(const std::string& bytes) {
@@ -171,10 +168,9 @@ fs::path ResolvePath(const fs::path& path) {
         continue;
       }
       bool found = false;
-      const std::string wanted = part.string();
       fs::path folder = resolved.empty() ? fs::path(".") : resolved;
       for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
-        if (SameIgnoringCase(it->path().filename().string(), wanted)) {
+        if (SameIgnoringCase(it->path().filename(), part)) {
           resolved = resolved.empty() ? it->path().filename() : resolved / it->path().filename();
           found = true;
           break;

@@ -57,6 +57,11 @@ TEST(TextFiles, FindsAndReplacesAFileUnderAnotherCase) {
   // Folders are found whatever their case too.
   WriteBytes(dir / "Case1/SURFACE.INP", "x\r\n");
   EXPECT_TRUE(FileCanOpen(dir / "CASE1/surface.inp"));
+  // A case made as "Åsa" is opened again under its stored name "åsa".
+  WriteBytes(dir / "\xC5sa/THERMAL.INP", "XXXXXX\r\n");
+  EXPECT_TRUE(FileCanOpen(dir / "\xE5sa/THERMAL.INP"));
+  ASSERT_TRUE(WriteAllLines(dir / "\xE5sa/THERMAL.INP", {"------"}));
+  EXPECT_EQ(ReadBytes(dir / "\xC5sa/THERMAL.INP"), "------\r\n");
 }
 
 TEST(TextFiles, AWholeFileWriteLeavesNoTemporaryFile) {
