@@ -229,6 +229,11 @@ TEST(InpBox, FreeTextCancelMaskAndWidth) {
   };
   EXPECT_EQ(AskInput(fake.session, "Glass type name", "", "ADD GLASS TYPE", 45, 0, 0, 0, false),
             "Clear 4 mm");
+  // A default longer than the field is cut to it, so Ok returns what is shown.
+  fake.dialogs.screens["InpBox"] = [](Form& form) { static_cast<InpBox&>(form).Ok(); };
+  EXPECT_EQ(
+      AskInput(fake.session, "Type a name ", "Outer wall 365 mm brick", "T", 16, 0, 0, 0, false),
+      "Outer wall 365 m");
   EXPECT_TRUE(fake.dialogs.messages.empty());
 }
 

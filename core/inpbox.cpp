@@ -23,7 +23,8 @@ void InpBox::Prepare(const std::string& prompt, const std::string& default_text,
                      const std::string& title, int max_length, bool mask) {
   caption = title;
   Label1.caption = prompt;
-  Text1.text = default_text;
+  // The field never holds more than its maximum length, a default included.
+  Text1.text = max_length > 0 ? default_text.substr(0, max_length) : default_text;
   Text1.max_length = max_length;
   Text1.password_char = mask ? '*' : 0;
   // The window fits the longer of the prompt and a field of maximum length.
