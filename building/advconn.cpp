@@ -20,8 +20,8 @@ std::string AdvPairName(const std::string& a, const std::string& b) {
   return a <= b ? a + kAdvPairJoin + b : b + kAdvPairJoin + a;
 }
 
-std::vector<AdvConnRow> ReadAdvConn(const Workspace& ws, const SurfaceVolumes& volumes) {
-  std::vector<AdvConnRow> rows;
+AdvConnTable ReadAdvConn(const Workspace& ws, const SurfaceVolumes& volumes) {
+  AdvConnTable rows;
   for (int i = 0; i < volumes.count(); ++i) {
     std::string front = TrimBlanks(volumes.front[i]);
     std::string back = TrimBlanks(volumes.back[i]);
@@ -49,7 +49,7 @@ std::vector<AdvConnRow> ReadAdvConn(const Workspace& ws, const SurfaceVolumes& v
   return rows;
 }
 
-bool WriteAdvConn(const Workspace& ws, const std::vector<AdvConnRow>& rows) {
+bool WriteAdvConn(const Workspace& ws, const AdvConnTable& rows) {
   std::vector<std::string> lines;
   lines.reserve(rows.size());
   for (const auto& row : rows) {

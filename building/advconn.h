@@ -21,6 +21,9 @@ struct AdvConnRow {
   std::string area = "0";
 };
 
+// The connections of the case, one row per pair, in the order of the grid.
+using AdvConnTable = std::vector<AdvConnRow>;
+
 // The pair name of two volume codes: ordered by exact text, lower first.
 std::string AdvPairName(const std::string& a, const std::string& b);
 
@@ -28,10 +31,10 @@ std::string AdvPairName(const std::string& a, const std::string& b);
 // order the elements first name them, with distance and area "0"; then the
 // values of the file for the pairs that still exist. Lines of pairs that no
 // longer exist are passed over, so they go at the next save.
-std::vector<AdvConnRow> ReadAdvConn(const Workspace& ws, const SurfaceVolumes& volumes);
+AdvConnTable ReadAdvConn(const Workspace& ws, const SurfaceVolumes& volumes);
 
 // Rewrites ADVCONN.INP, every field trimmed. False when it could not be
 // written; the old file then stands.
-bool WriteAdvConn(const Workspace& ws, const std::vector<AdvConnRow>& rows);
+bool WriteAdvConn(const Workspace& ws, const AdvConnTable& rows);
 
 }  // namespace zelmo

@@ -60,7 +60,7 @@ void FluidAdv::Load() {
     return;
   }
   FillFluidList();
-  std::vector<AdvConnRow> rows = ReadAdvConn(session_.ws, volumes);
+  AdvConnTable rows = ReadAdvConn(session_.ws, volumes);
   AdvConnList.SetRows(1);
   AdvConnList.Cell(0, 0) = "Volumes";
   AdvConnList.Cell(0, kDistanceCol) = "Distance (m)";
@@ -146,7 +146,7 @@ bool FluidAdv::CheckConnections() {
 }
 
 void FluidAdv::Save() {
-  std::vector<AdvConnRow> connections;
+  AdvConnTable connections;
   for (int row = 1; row < AdvConnList.rows(); ++row) {
     std::string pair = TrimBlanks(AdvConnList.Cell(row, 0));
     if (pair.empty()) continue;

@@ -46,7 +46,7 @@ void ForceVent::Load() {
     Unload();
     return;
   }
-  std::vector<VentRow> rows =
+  VentTable rows =
       ReadForcedVent(session_.ws, BuildVolumePairs(volume_list_, /*with_outdoor=*/true));
   // One volume has only its pair with Outdoor, and nothing to exchange air with.
   if (rows.size() <= 1) {
@@ -83,8 +83,8 @@ bool ForceVent::CheckNumbers() {
   return true;
 }
 
-std::vector<VentRow> ForceVent::GridRows() {
-  std::vector<VentRow> rows;
+VentTable ForceVent::GridRows() {
+  VentTable rows;
   for (int row = 1; row < Grid1.rows(); ++row) {
     const std::string& pair = Grid1.Cell(row, kPairCol);
     rows.push_back({FieldBefore(pair, kVentPairJoin), FieldAfter(pair, kVentPairJoin),

@@ -45,7 +45,7 @@ class ForceVent : public Form {
 
  private:
   // The rows of the grid as from, to and flow.
-  std::vector<VentRow> GridRows();
+  VentTable GridRows();
 
   Session& session_;
   std::vector<std::string> volume_list_;

@@ -9,9 +9,8 @@
 
 namespace zelmo {
 
-std::vector<VentRow> ReadForcedVent(const Workspace& ws,
-                                    const std::vector<std::string>& pair_names) {
-  std::vector<VentRow> rows;
+VentTable ReadForcedVent(const Workspace& ws, const std::vector<std::string>& pair_names) {
+  VentTable rows;
   for (const auto& name : pair_names) {
     VentRow row{TrimBlanks(FieldBefore(name, kVentPairJoin)),
                 TrimBlanks(FieldAfter(name, kVentPairJoin)), "0"};
@@ -33,7 +32,7 @@ std::vector<VentRow> ReadForcedVent(const Workspace& ws,
   return rows;
 }
 
-bool WriteForcedVent(const Workspace& ws, const std::vector<VentRow>& rows) {
+bool WriteForcedVent(const Workspace& ws, const VentTable& rows) {
   std::vector<std::string> lines;
   lines.reserve(rows.size());
   for (const auto& row : rows) {
@@ -42,8 +41,7 @@ bool WriteForcedVent(const Workspace& ws, const std::vector<VentRow>& rows) {
   return WriteAllLines(JoinPath(ws.CasePath, kForcedVentFile), lines);
 }
 
-std::string VentBalanceMessage(const std::vector<VentRow>& rows,
-                               const std::vector<std::string>& volume_list) {
+std::string VentBalanceMessage(const VentTable& rows, const std::vector<std::string>& volume_list) {
   std::string message;
   for (const auto& volume : volume_list) {
     // The runtime adds in double and stores the sum back in single precision,
