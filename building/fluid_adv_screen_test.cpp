@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "building/fluids_test_case.h"
+#include "core/guard.h"
 
 namespace zelmo {
 namespace {
@@ -76,6 +77,21 @@ TEST(FluidAdvScreen, ShowsAirWithoutAFileAndOneRowPerConnection) {
   EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t0\t0\r\n2 - 3\t0\t0\r\n");
   EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t1\r\n2\t1\r\n3\t1\r\n");
   EXPECT_EQ(c.Bytes("THERMAL.INP"), "XXXXXX\r\n");
+}
+
+TEST(FluidAdvScreen, ADamagedFluidsFileIsNamedAndTheScreenDoesNotOpen) {
+  FluidsCase c;
+  c.Elements({{"1", "2"}});
+  c.Put("FLUIDS.INP", "1\t2\r\n2\t1\r\n15\t1\r\n");
+  FluidAdv screen(c.fake.session);
+  EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
+  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "Subscript out of range\r" + (c.dir / "FLUIDS.INP") + ", line 3");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t2\r\n2\t1\r\n15\t1\r\n");
+  EXPECT_FALSE(testing::Exists(c.dir / "ADVCONN.INP"));
+  EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
 }
 
 TEST(FluidAdvScreen, OneMarkPerRowAndStaleRowsDroppedAtSave) {

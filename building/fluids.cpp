@@ -1,6 +1,9 @@
 #include "building/fluids.h"
 
+#include <cmath>
+
 #include "core/fields.h"
+#include "core/numbers.h"
 #include "core/text_file.h"
 #include "core/workspace.h"
 
@@ -28,11 +31,19 @@ FluidTable ReadFluids(const Workspace& ws, const std::vector<std::string>& volum
     int slot = SlotOf(volume);
     if (slot != 0) table.rows[slot] = {volume, kFluidAir};
   }
-  auto lines = ReadAllLines(JoinPath(ws.CasePath, kFluidsFile));
+  std::string path = JoinPath(ws.CasePath, kFluidsFile);
+  auto lines = ReadAllLines(path);
   if (!lines) return table;
-  for (const auto& line : *lines) {
+  for (size_t i = 0; i < lines->size(); ++i) {
+    const std::string& line = (*lines)[i];
     std::string volume = TrimBlanks(FieldBefore(line, kTab));
-    int slot = SlotOf(volume);
+    // The number addresses a slot of the table; one past its ends is a
+    // damaged file. Slot 0 (text with no number) holds nothing.
+    double number = std::round(Val(volume));
+    if (!(number >= 0 && number <= kMaxVolumes)) {
+      throw FileError(path, static_cast<int>(i) + 1, "Subscript out of range");
+    }
+    int slot = static_cast<int>(number);
     if (slot == 0) continue;
     table.rows[slot] = {volume, TrimBlanks(FieldAfter(line, kTab))};
   }

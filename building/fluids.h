@@ -29,8 +29,9 @@ struct FluidTable {
 
 // Starts every volume of `volume_list` with air, then lays the file over it:
 // each line's trimmed first field picks the slot of that volume number, and
-// its trimmed rest is the fluid. Lines of no volume from 1 to 8 are passed
-// over. A missing file leaves air everywhere.
+// its trimmed rest is the fluid. A line whose number is 0 (or no number) is
+// passed over; a number outside 0 to 8 throws FileError naming the line. A
+// missing file leaves air everywhere.
 FluidTable ReadFluids(const Workspace& ws, const std::vector<std::string>& volume_list);
 
 // Rewrites FLUIDS.INP with one line per row. False when it could not be

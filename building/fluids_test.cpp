@@ -6,6 +6,7 @@
 #include "building/fluids_test_case.h"
 #include "building/forcevent.h"
 #include "building/volumes.h"
+#include "core/text_file.h"
 
 namespace zelmo {
 namespace {
@@ -22,12 +23,25 @@ TEST(ReadFluids, AirForEveryVolumeThenTheFileLaidOver) {
 
   // Lines address the slot by volume number; a volume no longer present and
   // lines of no volume are harmless.
-  c.Put("FLUIDS.INP", " 3 \t 2 \r\n1\t3\r\n7\t2\r\nabc\t2\r\n\r\n12\t3\r\nno tab\r\n");
+  c.Put("FLUIDS.INP", " 3 \t 2 \r\n1\t3\r\n7\t2\r\nabc\t2\r\n\r\n0\t3\r\nno tab\r\n");
   FluidTable table = ReadFluids(c.fake.ws(), {"1", "3"});
   EXPECT_EQ(table.FluidOf("1"), "3");
   EXPECT_EQ(table.FluidOf("3"), "2");
   EXPECT_EQ(table.FluidOf("7"), "2");
   EXPECT_EQ(table.FluidOf("2"), "1");
+
+  // A number past the table is a damaged file, named with its line.
+  for (const char* bad : {"9", "-1", "12"}) {
+    c.Put("FLUIDS.INP", std::string("1\t2\r\n") + bad + "\t3\r\n");
+    try {
+      ReadFluids(c.fake.ws(), {"1", "3"});
+      ADD_FAILURE() << bad;
+    } catch (const FileError& e) {
+      EXPECT_STREQ(e.what(), "Subscript out of range");
+      EXPECT_EQ(e.path(), c.dir / "FLUIDS.INP");
+      EXPECT_EQ(e.line(), 2);
+    }
+  }
 
   ASSERT_TRUE(WriteFluids(c.fake.ws(), {{"1", "3"}, {"3", ""}, {"4", "1"}}));
   EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t3\r\n3\t\r\n4\t1\r\n");
