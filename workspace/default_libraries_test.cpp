@@ -25,7 +25,15 @@ std::string TreeFile(const std::string& relative) {
 std::vector<std::string> Lines(const std::string& relative) {
   const std::string bytes = ReadBytes(TreeFile(relative));
   EXPECT_TRUE(bytes.size() >= 2 && bytes.substr(bytes.size() - 2) == "\r\n") << relative;
+  EXPECT_NE(bytes.rfind("\xEF\xBB\xBF", 0), 0u) << relative;  // no byte order mark
   for (size_t i = 0; i < bytes.size(); ++i) {
+    // Windows-1252 text: no control characters but TAB, CR and LF, and none
+    // of the five codes that page leaves undefined.
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    EXPECT_TRUE((byte >= 0x20 && byte != 0x7F && byte != 0x81 && byte != 0x8D && byte != 0x8F &&
+                 byte != 0x90 && byte != 0x9D) ||
+                byte == '\t' || byte == '\r' || byte == '\n')
+        << relative << " byte " << i;
     if (bytes[i] == '\n') {
       EXPECT_TRUE(i > 0 && bytes[i - 1] == '\r') << relative;
     }
@@ -47,6 +55,11 @@ TEST(DefaultLibraries, OpaqueMaterialsOneToFortySeven) {
     auto fields = SplitTabs(lines[i]);
     ASSERT_EQ(fields.size(), 5u) << lines[i];
     EXPECT_EQ(fields[0], std::to_string(i + 1));
+    // The cells as the screen writes them: trimmed, a point for a comma.
+    for (const auto& field : fields) {
+      EXPECT_EQ(field, TrimBlanks(field)) << lines[i];
+      EXPECT_EQ(field.find(','), std::string::npos) << lines[i];
+    }
     EXPECT_FALSE(TrimBlanks(fields[1]).empty());
     EXPECT_TRUE(InRange(fields[2], 0.01, 500)) << lines[i];
     EXPECT_TRUE(InRange(fields[3], 0.01, 5000)) << lines[i];
@@ -61,8 +74,12 @@ TEST(DefaultLibraries, GasesGlassAndWindowTypesFollowTheirRules) {
     ASSERT_EQ(line.back(), '\t') << line;
     auto fields = SplitTabs(line);
     ASSERT_EQ(fields.size(), 10u) << line;  // nine cells, each with its TAB
+    EXPECT_FALSE(TrimBlanks(fields[0]).empty());
     gases.insert(fields[0]);
-    for (int i = 1; i < 9; ++i) EXPECT_TRUE(IsRealNumberText(fields[i])) << fields[i];
+    // The number test of the gas editor reads at most 11 characters.
+    for (int i = 1; i < 9; ++i) {
+      EXPECT_TRUE(IsRealNumberText(fields[i]) && fields[i].size() <= 11) << fields[i];
+    }
     EXPECT_GT(Val(fields[1]), 0);  // conductivity
     EXPECT_LT(Val(fields[6]), 0);  // a gas thins as it warms
   }
@@ -77,6 +94,7 @@ TEST(DefaultLibraries, GasesGlassAndWindowTypesFollowTheirRules) {
     ASSERT_EQ(head.size(), 9u) << glass[g];
     const std::string& name = head[0];
     EXPECT_EQ(name.find(' '), std::string::npos);
+    EXPECT_TRUE(!name.empty() && name.size() <= 30) << name;
     glasses.insert(name);
     forms.insert(head[3]);
     EXPECT_TRUE(InRange(head[1], 0, 100)) << name;
@@ -87,9 +105,15 @@ TEST(DefaultLibraries, GasesGlassAndWindowTypesFollowTheirRules) {
       blocks.push_back(SplitTabs(glass[g + b]));
       ASSERT_EQ(blocks.back().size(), 13u) << name;  // twelve cells
     }
+    // Column 8 as the screen stores it, and nothing behind the rows in use:
+    // the twelfth cell of each block is always empty.
     const int rows = static_cast<int>(Val(head[7]));
+    EXPECT_EQ(head[7], " " + std::to_string(rows)) << name;
+    EXPECT_TRUE(rows >= 0 && rows <= 11) << name;
+    for (const auto& block : blocks) {
+      for (int r = rows; r < 12; ++r) EXPECT_EQ(block[r], "") << name << " row " << r + 1;
+    }
     if (head[3] == "1") {
-      EXPECT_EQ(head[7], " " + std::to_string(rows));
       ASSERT_GE(rows, 2) << name;
       for (int r = 0; r < rows; ++r) {
         const std::string &t = blocks[0][r], &rf = blocks[1][r], &rb = blocks[2][r];
@@ -115,13 +139,21 @@ TEST(DefaultLibraries, GasesGlassAndWindowTypesFollowTheirRules) {
   EXPECT_EQ(forms, (std::set<std::string>{"1", "2", "3"}));
 
   std::set<int> panes;
+  int last_number = 0;
   for (const auto& line : Lines("TGZELMO/Wndtp.LIB")) {
     auto fields = SplitTabs(line);
     ASSERT_EQ(fields.size(), 21u) << line;
+    // Ascending numbers of the 40 rows, a name of at most 30 characters.
     EXPECT_TRUE(IsDigitsOnly(fields[0]));
+    const int number = static_cast<int>(Val(fields[0]));
+    EXPECT_TRUE(number > last_number && number <= 40) << line;
+    last_number = number;
+    EXPECT_TRUE(!fields[1].empty() && fields[1].size() <= 30) << line;
     EXPECT_EQ(fields[1].find(' '), std::string::npos);
     const int n = static_cast<int>(Val(fields[2]));
     EXPECT_EQ(fields[2], " " + std::to_string(n));
+    ASSERT_TRUE(n >= 1 && n <= 5) << line;
+    for (int column = 4 * n + 1; column <= 20; ++column) EXPECT_EQ(fields[column], "") << line;
     panes.insert(n);
     for (int j = 1; j <= n; ++j) {
       EXPECT_TRUE(glasses.count(fields[4 * j - 1])) << line;
@@ -146,6 +178,28 @@ TEST(DefaultLibraries, TheExampleClimateFileCarriesItsKeys) {
   }
   EXPECT_EQ(Lines("ZELMOPROJ/PROJECTS.LIB"), std::vector<std::string>{"example\texample"});
   EXPECT_EQ(Lines("ZELMOPROJ/Example/Case1/Site.inp").size(), 14u);
+}
+
+TEST(DefaultLibraries, TheExampleWallsUseItsOwnMaterials) {
+  std::set<std::string> materials;
+  for (const auto& line : Lines("ZELMOPROJ/Example/OPAQUE.LIB_Temp")) {
+    materials.insert(SplitTabs(line)[0]);
+  }
+  int walls = 0;
+  for (const auto& line : Lines("ZELMOPROJ/Example/WALLS.LIB")) {
+    auto fields = SplitTabs(line);
+    if (!line.empty() && line[0] != '\t') {
+      // A header: the number, then a name of at most 16 characters.
+      ASSERT_EQ(fields.size(), 2u) << line;
+      EXPECT_EQ(fields[0], std::to_string(++walls));
+      EXPECT_TRUE(!fields[1].empty() && fields[1].size() <= 16) << line;
+      continue;
+    }
+    ASSERT_EQ(fields.size(), 3u) << line;
+    EXPECT_TRUE(materials.count(fields[1])) << line;
+    EXPECT_TRUE(InRange(fields[2], 1, 99999)) << line;
+  }
+  EXPECT_EQ(walls, 5);
 }
 
 }  // namespace
