@@ -136,6 +136,10 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
     WriteBytes(InProject(std::string("c1/") + name), "data\r\n");
   }
   WriteBytes(InProject("WALLS.LIB"), "wall\r\n");
+  // A case registered in lower case whose folder keeps the case it was typed in.
+  AppendLine(InProject("CASES.LIB"), "case2 - second");
+  WriteBytes(InProject("Case2/R.TXT"), "data\r\n");
+  WriteBytes(InProject("Case2/THERMAL.INP"), "XXXXXX\r\n");
 
   CopyProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
@@ -156,6 +160,7 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")), "X--XX-\r\n");
   EXPECT_EQ(ReadBytes(Data("cp/WALLS.LIB")), "wall\r\n");
   EXPECT_EQ(Listing(Data("cp/c1")), (std::vector<std::string>{"SURFACE.INP", "THERMAL.INP"}));
+  EXPECT_EQ(Listing(Data("cp/Case2")), std::vector<std::string>{"THERMAL.INP"});
   EXPECT_EQ(Listing(Data("src/c1")).size(), 7u);
   EXPECT_TRUE(main.RT.enabled && main.RDL.enabled && main.RC.enabled && main.ss.enabled);
   EXPECT_FALSE(main.M_Model.enabled || main.M_Diagram.enabled);
