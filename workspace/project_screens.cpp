@@ -109,8 +109,12 @@ void NewProject::New() {
   // one ends the operation there.
   for (const auto& file : kDefaultLibraryFiles) {
     const std::string source = JoinPath(ws.MainDirectory, file);
-    if (!CopyFileOver(source, JoinPath(ws.ProjectPath, file))) {
-      throw FileError(source, 0, "File not found");
+    const std::string target = JoinPath(ws.ProjectPath, file);
+    if (!CopyFileOver(source, target)) {
+      // The message names the file that failed: the program's library, or
+      // the project's copy when its folder could not be made.
+      if (!FileCanOpen(source)) throw FileError(source, 0, "File not found");
+      throw FileError(target, 0, "Path not found");
     }
   }
   main_.StateAfterNewProject();

@@ -74,8 +74,25 @@ TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
   DeleteFile(JoinPath(ws().MainDirectory, "WNDTP.LIB"));
   NewProject screen(fake.session, main);
   screen.Text1.text = "p";
-  EXPECT_THROW(screen.New(), FileError);
+  try {
+    screen.New();
+    ADD_FAILURE();
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.path(), JoinPath(ws().MainDirectory, "Wndtp.LIB"));
+  }
   EXPECT_EQ(Projects(), "p\tp\r\n");
+
+  // A project folder that can't be made: the message names the project's
+  // copy, not the program's library.
+  WriteBytes(Data("q"), "a file where the folder should be\r\n");
+  NewProject blocked(fake.session, main);
+  blocked.Text1.text = "q";
+  try {
+    blocked.New();
+    ADD_FAILURE();
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.path(), JoinPath(Data("q"), "GASTP.INP"));
+  }
 }
 
 TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
