@@ -133,13 +133,19 @@ void Results::FileOpen() {
 }
 
 void Results::OpenAsReport(const std::string& path) {
-  // The word processor is whatever program is registered for the file.
+#ifdef _WIN32
+  // The system's word processor.
+  RunProgram(session_, "Write.exe", {path}, window_mode::kNormal);
+#else
+  // Elsewhere there is no word processor of the system's own: whatever
+  // program is registered for the file shows it.
   std::string program = RegisteredProgram(session_, path);
   if (program.empty()) {
     if (session_.desktop) session_.desktop->OpenWithRegistered(path);
     return;
   }
   RunProgram(session_, program, {path}, window_mode::kNormal);
+#endif
 }
 
 void Results::OpenAsTable(const std::string& path) {
