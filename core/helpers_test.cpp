@@ -33,6 +33,16 @@ TEST(MarkModulesStale, OneCaseShortLinesAndAll) {
   MarkModulesStale(ws, "ALL", kSixthModule);
   EXPECT_EQ(ReadBytes(dir / "case1/THERMAL.INP"), "-----X\r\n");
   EXPECT_EQ(ReadBytes(dir / "case2/THERMAL.INP"), "-----X\r\n");
+  // A damaged line that names a folder outside the project is passed over.
+  Workspace project;
+  project.ProjectPath = dir / "proj";
+  WriteBytes(dir / "proj/CASES.LIB", "../case2 - Damaged\r\n.. - Damaged\r\nc3 - Third\r\n");
+  WriteBytes(dir / "THERMAL.INP", "------\r\n");
+  WriteBytes(dir / "proj/c3/THERMAL.INP", "------\r\n");
+  MarkModulesStale(project, "ALL", kAllModules);
+  EXPECT_EQ(ReadBytes(dir / "case2/THERMAL.INP"), "-----X\r\n");
+  EXPECT_EQ(ReadBytes(dir / "THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(ReadBytes(dir / "proj/c3/THERMAL.INP"), "XXXXXX\r\n");
   // No THERMAL.INP: nothing is created.
   MarkModulesStale(ws, dir / "case3", kAllModules);
   EXPECT_FALSE(testing::Exists(dir / "case3/THERMAL.INP"));

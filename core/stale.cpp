@@ -1,6 +1,7 @@
 #include "core/stale.h"
 
 #include "core/fields.h"
+#include "core/file_system.h"
 #include "core/text_file.h"
 #include "core/workspace.h"
 
@@ -30,7 +31,8 @@ void MarkModulesStale(const Workspace& ws, const std::string& case_dir, const Mo
   if (!cases) return;
   for (const auto& line : *cases) {
     std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
-    if (name.empty()) continue;
+    // A damaged line never reaches a folder outside the project.
+    if (name.empty() || EscapesFolder(name)) continue;
     MarkOneCase(JoinPath(ws.ProjectPath, name), flags);
   }
 }
