@@ -178,6 +178,9 @@ TEST(DefaultLibraries, TheExampleClimateFileCarriesItsKeys) {
   }
   EXPECT_EQ(Lines("ZELMOPROJ/PROJECTS.LIB"), std::vector<std::string>{"example\texample"});
   EXPECT_EQ(Lines("ZELMOPROJ/Example/Case1/Site.inp").size(), 14u);
+  // The activation rewrites the site file through SiteX.inp, which the
+  // example carries in the same form.
+  EXPECT_EQ(Lines("ZELMOPROJ/Example/Case1/SiteX.inp").size(), 14u);
 }
 
 TEST(DefaultLibraries, TheExampleWallsUseItsOwnMaterials) {
