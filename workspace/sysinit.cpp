@@ -45,6 +45,13 @@ std::string NearestExistingFolder(const std::string& path) {
   return roots.empty() ? std::string() : roots.front();
 }
 
+// The text a chosen folder puts into its field: without a trailing
+// separator, except for a root ("C:\\", "/"), which is no folder without it.
+std::string FieldTextOf(const std::string& folder) {
+  if (!ToFsPath(folder).has_relative_path()) return folder;
+  return StripTrailingSeparator(folder);
+}
+
 }  // namespace
 
 std::vector<std::string> FileSystemRoots() {
@@ -166,14 +173,14 @@ void SysInit::DriveChanged(FolderChoice& choice) {
 void SysInit::FolderClicked(FolderChoice& choice) {
   int index = choice.folders->list_index;
   if (index < 0 || index >= static_cast<int>(choice.paths.size())) return;
-  choice.field->text = StripTrailingSeparator(choice.paths[index]);
+  choice.field->text = FieldTextOf(choice.paths[index]);
 }
 
 void SysInit::FolderOpened(FolderChoice& choice) {
   int index = choice.folders->list_index;
   if (index < 0 || index >= static_cast<int>(choice.paths.size())) return;
   ShowFolder(choice, choice.paths[index]);
-  choice.field->text = StripTrailingSeparator(choice.current);
+  choice.field->text = FieldTextOf(choice.current);
 }
 
 void SysInit::RefreshProjectCommands(bool projects_exist) {

@@ -164,6 +164,10 @@ TEST_F(SettingsFixture, FolderListsFillTheFields) {
   EXPECT_EQ(screen->LocalPath.text, JoinPath(data, "alpha"));
   EXPECT_TRUE(screen->Dir2.SelectedItem().ends_with("alpha"));
   EXPECT_EQ(screen->SysPath.text, prog);
+  // A root keeps its separator: "C:\\" is the drive's root, "C:" is not.
+  screen->Dir2.list_index = 0;
+  screen->Dir2.on_click();
+  EXPECT_EQ(screen->LocalPath.text, FileSystemRoots().front());
 
   // Focus on a field selects its whole text.
   screen->SysPath.on_got_focus();
