@@ -22,7 +22,7 @@ void RunVisualComfort(Session& session);
 void ShowUsersManual(Session& session);
 
 // True when OUTPUT.INP of the case has a volume chosen for comfort
-// calculations.
+// calculations, among the volumes the elements name.
 bool ComfortVolumeChosen(const Workspace& ws);
 
 // The program registered for `file` as a command: on a platform whose

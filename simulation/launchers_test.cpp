@@ -22,6 +22,12 @@ struct ComfortCase {
     ws().DiagramDirectory = "/z/DIAGRAM";
     ws().ProgramDirectory = dir.path();
     WriteBytes(dir / "proj/case1/ECM.Dat", "    0 MUK       \r\nTOM\r\n0\r\n");
+    // One element between Volume 1 and Volume 2.
+    std::string element = "Wall\r\n";
+    for (int field = 1; field <= 29; ++field) {
+      element += std::string("\t") + (field == 7 ? "1" : field == 8 ? "2" : "0") + "\r\n";
+    }
+    WriteBytes(dir / "proj/case1/SURFACE.INP", element);
     WriteBytes(dir / "proj/case1/OUTPUT.INP",
                "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n2\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
     // Felt.EXE leaves Felt.GGG in the case folder.
@@ -72,13 +78,18 @@ TEST(Launchers, ComfortRefusals) {
   EXPECT_EQ(c.fake.dialogs.Last().title, "Comfort");
   EXPECT_EQ(c.fake.dialogs.Last().style, 48);
 
-  // No volume chosen for comfort: nothing starts.
+  // No volume chosen for comfort, or only one the elements no longer name:
+  // nothing starts.
   c.fake.processes.calls.clear();
   WriteBytes(c.case_file("OUTPUT.INP"), "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
   RunThermalComfort(c.fake.session);
   RunVisualComfort(c.fake.session);
+  WriteBytes(c.case_file("OUTPUT.INP"),
+             "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n3\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
+  RunThermalComfort(c.fake.session);
   EXPECT_TRUE(c.fake.processes.calls.empty());
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 3u);
+  EXPECT_EQ(c.fake.dialogs.messages.size(), 4u);
+  EXPECT_EQ(c.fake.dialogs.Last().text, "No Comfort calculations has been done");
 
   // After a failed run the error screen shows code 701 and nothing starts.
   WriteBytes(c.dir / "ErrorCodesZelmo/ErrorsZelmo.err", "701 ZELMO-QRN\r\nRun again.\r\n");
