@@ -315,7 +315,7 @@ void DelCase::Load() {
 }
 
 bool DelCase::AskDelete(const std::string& name) {
-  const bool current = name == session_.ws.CaseName;
+  const bool current = !session_.ws.CaseName.empty() && name == session_.ws.CaseName;
   std::string question =
       current ? "Do you really want to delete the CURRENT case" : "Do you want to delete the case";
   question += "\r" + name + " ?";

@@ -321,7 +321,11 @@ void RenProject::Rename() {
   if (List1.list_index < 0) return;
   const std::string item = List1.SelectedItem();
   const std::string old_name = FieldBefore(item, " - ");
-  if (old_name == ToLower(ws.ProjectName)) ws.ProjectName = ToLower(name);
+  // Only a current project follows: a damaged line without a name is no
+  // current project when none is open.
+  if (!ws.ProjectName.empty() && old_name == ToLower(ws.ProjectName)) {
+    ws.ProjectName = ToLower(name);
+  }
   RenameProjectLine(ws, ToLower(old_name), ToLower(name));
   List1.items[List1.list_index] = ToLower(name) + " - " + FieldAfter(item, " - ");
 }
@@ -357,7 +361,7 @@ void DelProject::Load() {
 }
 
 bool DelProject::AskDelete(const std::string& name) {
-  const bool current = name == session_.ws.ProjectName;
+  const bool current = !session_.ws.ProjectName.empty() && name == session_.ws.ProjectName;
   std::string question = current ? "Do you really want to delete the CURRENT project"
                                  : "Do you want to delete the project";
   question += "\r" + name + " ?";

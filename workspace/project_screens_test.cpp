@@ -261,6 +261,23 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
     EXPECT_EQ(fake.dialogs.Last().text, message);
   }
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
+
+  // With no project open, a line without a name is no current project: the
+  // rename leaves the workspace and the title alone.
+  ws().ProjectName.clear();
+  main.SetTitle("");
+  AppendLine(Data("PROJECTS.LIB"), "\tlost");
+  fake.dialogs.screens["RenProject"] = [](Form& form) {
+    auto& screen = static_cast<RenProject&>(form);
+    screen.List1.list_index = 2;
+    screen.Text1.text = "found";
+    screen.Rename();
+  };
+  RunRenameProject(main);
+  fake.dialogs.screens.clear();
+  EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\nfound\tlost\r\n");
+  EXPECT_EQ(ws().ProjectName, "");
+  EXPECT_EQ(main.caption, "");
   DeleteFile(Data("PROJECTS.LIB"));
   RenProject screen(fake.session, main);
   screen.Text1.text = "z";
