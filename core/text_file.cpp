@@ -275,8 +275,20 @@ bool WriteAllLines(const std::string& path, const std::vector<std::string>& line
 
 bool AppendLine(const std::string& path, const std::string& line) {
   fs::path target = ResolvePath(ToFsPath(path));
+  // A last line without its end (a file edited by hand) is ended first, so
+  // the new record does not run on from it.
+  bool open_line = false;
+  {
+    std::ifstream in(target, std::ios::binary | std::ios::ate);
+    if (in && in.tellg() > 0) {
+      in.seekg(-1, std::ios::end);
+      char last = 0;
+      open_line = in.get(last) && last != '\n' && last != '\r';
+    }
+  }
   std::ofstream out(target, std::ios::binary | std::ios::app);
   if (!out) return false;
+  if (open_line) out << "\r\n";
   out << line << "\r\n";
   return static_cast<bool>(out);
 }

@@ -97,6 +97,10 @@ TEST(AppendLine, CreatesTheFileAndEndsWithCrLf) {
   ASSERT_TRUE(AppendLine(dir / "CASES.LIB", "case1 - First"));
   ASSERT_TRUE(AppendLine(dir / "CASES.LIB", "case2 - Second"));
   EXPECT_EQ(ReadBytes(dir / "CASES.LIB"), "case1 - First\r\ncase2 - Second\r\n");
+  // A last line without its end stays a record of its own.
+  WriteBytes(dir / "PROJECTS.LIB", "demo\tdemo");
+  ASSERT_TRUE(AppendLine(dir / "PROJECTS.LIB", "new\tnew"));
+  EXPECT_EQ(ReadBytes(dir / "PROJECTS.LIB"), "demo\tdemo\r\nnew\tnew\r\n");
 }
 
 TEST(FailurePolicy, ReadingPastTheEndIsReportedWithFileAndLine) {
