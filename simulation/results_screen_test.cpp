@@ -60,7 +60,7 @@ TEST(Results, ListsCasesTypesAndFiles) {
   Select(screen.TypeList, "LIS");
   screen.TypeList.on_click();
   EXPECT_EQ(screen.FilePattern(), "*.LIS");
-  EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"PLOR.LIS", "muk.lis"}));
+  EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"muk.lis", "PLOR.LIS"}));
 
   Select(screen.CaseList, "case1 - First");
   screen.CaseList.on_click();
