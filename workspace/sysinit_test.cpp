@@ -57,6 +57,7 @@ TEST_F(SettingsFixture, RefusedFoldersLeaveTheStoreUntouched) {
   ASSERT_EQ(fake.dialogs.messages.size(), 1u);
   EXPECT_EQ(fake.dialogs.Last().text, "Program path does not exist");
   EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(fake.dialogs.Last().style, mb::kExclamation);
   EXPECT_EQ(screen->focus, "SysPath");
   EXPECT_EQ(screen->SysPath.sel_length, static_cast<int>(data.size()));
 
@@ -71,6 +72,7 @@ TEST_F(SettingsFixture, RefusedFoldersLeaveTheStoreUntouched) {
   EXPECT_EQ(fake.dialogs.messages[0].title, "Message");
   EXPECT_EQ(fake.dialogs.messages[0].style, mb::kInformation);
   EXPECT_EQ(fake.dialogs.messages[1].title, "Error message");
+  EXPECT_EQ(fake.dialogs.messages[1].style, mb::kExclamation);
   EXPECT_EQ(screen->focus, "LocalPath");
 
   // Step 3: no TZELMO, checked after the data path.
@@ -79,6 +81,7 @@ TEST_F(SettingsFixture, RefusedFoldersLeaveTheStoreUntouched) {
   EXPECT_FALSE(SaveWith(prog, data));
   EXPECT_EQ(fake.dialogs.Texts(), std::vector<std::string>{"Thermal path does not exist"});
   EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(fake.dialogs.Last().style, mb::kExclamation);
   EXPECT_EQ(screen->focus, "SysPath");
 
   EXPECT_EQ(fake.settings.saves, 0);
