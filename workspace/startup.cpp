@@ -97,8 +97,11 @@ void AdoptInstallLocation(Session& session, StartForm& main, const std::string& 
 
 }  // namespace
 
-void StartUp(Session& session, StartForm& main, const std::string& program_path) {
+void StartUp(Session& session, StartForm& main, const std::string& given_program_path) {
   Workspace& ws = session.ws;
+  // The folders taken from the program's own path are shown and stored with
+  // the platform's separator, whatever form the toolkit hands it in.
+  const std::string program_path = FromFsPath(ToFsPath(given_program_path).make_preferred());
   main.SetTitle("");
   main.SetButtonsForMenu(main.LPN, true);
   main.LblVersion.caption = kVersionText;
