@@ -126,7 +126,8 @@ void OpenCase::Open() {
   }
   ws.CaseName = name;
   ws.CaseHeadline = ItemHeadline(item);
-  ws.CasePath = JoinPath(ws.ProjectPath, ws.CaseName);
+  // The folder keeps the case its name was typed in when the case was made.
+  ws.CasePath = FolderOnDisk(JoinPath(ws.ProjectPath, ws.CaseName));
   // Nothing in the case is read or repaired here.
   main_.StateAfterOpenCase();
   main_.SetTitle(" Project : " + ws.ProjectName + ", Case : " + ws.CaseName);

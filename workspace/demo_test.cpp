@@ -66,11 +66,14 @@ TEST_F(Demo, ActivatesOnceThenSaysItIsActive) {
   fake.dialogs.ShowModal(project);
   project.Open();
   EXPECT_EQ(ws().ProjectName, "example");
+  // The paths name the folders as they stand, for the programs that get them.
+  EXPECT_EQ(ws().ProjectPath, JoinPath(Root(), "Example"));
   EXPECT_TRUE(FileCanOpen(JoinPath(ws().ProjectPath, "Wndtp.LIB")));
   OpenCase open_case(fake.session, main);
   fake.dialogs.ShowModal(open_case);
   open_case.Open();
   EXPECT_EQ(ws().CaseName, "case1");
+  EXPECT_EQ(ws().CasePath, Example("Case1"));
   EXPECT_TRUE(FileCanOpen(JoinPath(ws().CasePath, "SITE.INP")));
   EXPECT_EQ(ReadAllBytes(JoinPath(ws().CasePath, "THERMAL.INP")).value_or(""), "XXXXXX\r\n");
 }

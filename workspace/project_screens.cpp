@@ -162,7 +162,7 @@ void OpenProject::Open() {
     throw FileError(ProjectsFilePath(ws), List1.list_index + 1, "The line names no project folder");
   }
   ws.ProjectName = FieldBefore(item, " - ");
-  ws.ProjectPath = JoinPath(ws.LocalPath, directory);
+  ws.ProjectPath = FolderOnDisk(JoinPath(ws.LocalPath, directory));
   // Opening a project always closes the case. Nothing in the project is read
   // or repaired here.
   ws.CaseName.clear();
