@@ -74,6 +74,20 @@ bool DeleteFile(const std::string& path) {
   return fs::remove(real, ec) && !ec;
 }
 
+namespace {
+
+// A folder list runs in the order of the names whatever the case of their
+// letters, as a file system that ignores case lists them; names equal but
+// for case keep the byte order.
+void SortNames(std::vector<std::string>& names) {
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    std::string ua = ToUpper(a), ub = ToUpper(b);
+    return ua != ub ? ua < ub : a < b;
+  });
+}
+
+}  // namespace
+
 std::vector<std::string> FilesWithExtension(const std::string& folder,
                                             const std::string& extension) {
   std::vector<std::string> names;
@@ -87,7 +101,7 @@ std::vector<std::string> FilesWithExtension(const std::string& folder,
       names.push_back(name);
     }
   }
-  std::sort(names.begin(), names.end());
+  SortNames(names);
   return names;
 }
 
@@ -97,7 +111,7 @@ std::vector<std::string> SubFolders(const std::string& folder) {
   for (fs::directory_iterator it(Real(folder), ec), end; !ec && it != end; it.increment(ec)) {
     if (it->is_directory(ec)) names.push_back(FromFsPath(it->path().filename()));
   }
-  std::sort(names.begin(), names.end());
+  SortNames(names);
   return names;
 }
 

@@ -16,10 +16,10 @@ bool CopyFileOver(const std::string& from, const std::string& to);
 bool RenamePath(const std::string& from, const std::string& to);
 bool DeleteFile(const std::string& path);
 // Names (not paths) of the files in a folder whose name ends in `extension`
-// (".TXT"), the case of the letters ignored; sorted.
+// (".TXT"), the case of the letters ignored; sorted by name whatever the case.
 std::vector<std::string> FilesWithExtension(const std::string& folder,
                                             const std::string& extension);
-// Names of the sub-folders of a folder, sorted.
+// Names of the sub-folders of a folder, sorted the same way.
 std::vector<std::string> SubFolders(const std::string& folder);
 // Deletes the files of a folder whose extension is one of `extensions`, the
 // case ignored; failures are ignored.

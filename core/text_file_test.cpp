@@ -62,6 +62,12 @@ TEST(TextFiles, FindsAndReplacesAFileUnderAnotherCase) {
   EXPECT_TRUE(FileCanOpen(dir / "\xE5sa/THERMAL.INP"));
   ASSERT_TRUE(WriteAllLines(dir / "\xE5sa/THERMAL.INP", {"------"}));
   EXPECT_EQ(ReadBytes(dir / "\xC5sa/THERMAL.INP"), "------\r\n");
+  // Lists run by name whatever the case of the letters.
+  WriteBytes(dir / "muk.lib", "x\r\n");
+  WriteBytes(dir / "PLOR.LIB", "x\r\n");
+  EXPECT_EQ(FilesWithExtension(dir.path(), ".LIB"),
+            (std::vector<std::string>{"muk.lib", "PLOR.LIB", "Wndtp.LIB"}));
+  EXPECT_EQ(SubFolders(dir.path()), (std::vector<std::string>{"Case1", "\xC5sa"}));
 }
 
 TEST(TextFiles, AWholeFileWriteLeavesNoTemporaryFile) {

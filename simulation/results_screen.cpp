@@ -1,6 +1,5 @@
 #include "simulation/results_screen.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -80,11 +79,6 @@ void Results::ListFiles() {
   if (file_path_.empty()) return;
   std::string extension = file_pattern_ == "*.*" ? std::string() : file_pattern_.substr(1);
   File1.items = FilesWithExtension(file_path_, extension);
-  // A file list runs in the order of the names whatever their case, as the
-  // file system that ignores case lists them.
-  std::stable_sort(
-      File1.items.begin(), File1.items.end(),
-      [](const std::string& a, const std::string& b) { return ToUpper(a) < ToUpper(b); });
 }
 
 std::string Results::SelectedType() const { return TypeList.SelectedItem(); }

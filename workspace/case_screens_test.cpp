@@ -179,7 +179,7 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   };
   RunRenameCase(main);
   EXPECT_EQ(Cases(), "office - first\r\nc2 - second\r\n");
-  EXPECT_EQ(SubFolders(ws().ProjectPath), (std::vector<std::string>{"Office", "c2"}));
+  EXPECT_EQ(SubFolders(ws().ProjectPath), (std::vector<std::string>{"c2", "Office"}));
   EXPECT_EQ(ws().CaseName, "office");
   EXPECT_EQ(ws().CasePath, InProject("Office"));
   EXPECT_EQ(main.caption, "Project : abc, Case : office");
@@ -224,7 +224,7 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
                 "Case name must be <= 8 characters long with no spacec in the name !",
                 "Casename must be set"}));
   EXPECT_EQ(Cases(), "office - first\r\nc2 - second, changed\r\n");
-  EXPECT_EQ(SubFolders(ws().ProjectPath), (std::vector<std::string>{"Office", "c2"}));
+  EXPECT_EQ(SubFolders(ws().ProjectPath), (std::vector<std::string>{"c2", "Office"}));
 }
 
 TEST_F(CaseScreens, DeleteCaseByButtonAndByDoubleClick) {
