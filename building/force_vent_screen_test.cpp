@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "building/fluids_test_case.h"
+#include "core/guard.h"
 
 namespace zelmo {
 namespace {
@@ -17,6 +18,20 @@ void Type(ForceVent& screen, int row, const std::string& text) {
   for (char ch : text) {
     int key = static_cast<unsigned char>(ch);
     screen.FlowKeyPress(key);
+  }
+}
+
+TEST(ForceVentScreen, AVolumeCodePastTheTablesIsADamagedElementFile) {
+  for (const char* bad : {"9", "-2", "99999999999"}) {
+    FluidsCase c;
+    c.Elements({{"0", "1"}, {"1", bad}});
+    ForceVent screen(c.fake.session);
+    EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
+    ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
+    EXPECT_EQ(c.fake.dialogs.Last().text,
+              "Subscript out of range\r" + (c.dir / "SURFACE.INP") + ", line 39");
+    EXPECT_FALSE(testing::Exists(c.dir / "FORCEVEN.INP"));
+    EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
   }
 }
 

@@ -1,6 +1,9 @@
 #include "building/surface_file.h"
 
+#include <cmath>
+
 #include "core/fields.h"
+#include "core/numbers.h"
 #include "core/stale.h"
 #include "core/text_file.h"
 #include "core/workspace.h"
@@ -66,8 +69,13 @@ SurfaceVolumes ReadSurfaceVolumes(const Workspace& ws) {
     RefuseBeyondTable(reader, volumes.count() + 1);
     for (int k = 1; k <= kSurfaceFields; ++k) {
       std::string line = reader.ReadTrimmedLine();
-      if (k == 7) volumes.front.push_back(TrimBlanks(FieldAfter(line, kTab)));
-      if (k == 8) volumes.back.push_back(TrimBlanks(FieldAfter(line, kTab)));
+      if (k != 7 && k != 8) continue;
+      std::string code = TrimBlanks(FieldAfter(line, kTab));
+      // The volume tables run from Ground to Volume 8; a code beyond them
+      // is a damaged file.
+      double number = std::nearbyint(Val(code));
+      if (!(number >= -1 && number <= 8)) reader.Fail("Subscript out of range");
+      (k == 7 ? volumes.front : volumes.back).push_back(code);
     }
   }
   return volumes;

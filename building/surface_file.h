@@ -39,7 +39,8 @@ struct SurfaceVolumes {
   int count() const { return static_cast<int>(front.size()); }
 };
 // Gaps are not counted. A missing file gives no elements; a file cut inside a
-// block, or an element beyond 100, throws FileError as ReadSurfaces does.
+// block, an element beyond 100, or a volume code outside -1 to 8 throws
+// FileError naming the line.
 SurfaceVolumes ReadSurfaceVolumes(const Workspace& ws);
 
 // Rewrites SURFACE.INP (gaps closed, names and fields trimmed) and marks all

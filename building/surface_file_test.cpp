@@ -56,7 +56,7 @@ TEST(ReadSurfaces, GapRaisesTheCountAndWritingClosesIt) {
   std::string second = Block("Roof", {"0", "0", "0", "0", "0", "0", "0", "1"});
   c.Put(Block("South wall", {"0", "90", "180", "0", "0", "0", "0", "1", "6", "2.7"}) + "\r\n" +
         second.replace(second.find("\t0\r\n"), 4, "no tab\r\n")
-            .replace(second.find("\t1\r\n"), 4, "\t 12 \r\n"));
+            .replace(second.find("\t1\r\n"), 4, "\t 2 \r\n"));
   SurfaceTable table;
   ReadSurfaces(c.ws, table);
   ASSERT_EQ(table.SurfCount, 3);
@@ -66,19 +66,19 @@ TEST(ReadSurfaces, GapRaisesTheCountAndWritingClosesIt) {
   EXPECT_EQ(table.SurfName[2], "");
   EXPECT_EQ(table.SurfName[3], "Roof");
   EXPECT_EQ(table.SurfData[3][1], "");
-  EXPECT_EQ(table.SurfData[3][8], " 12");
+  EXPECT_EQ(table.SurfData[3][8], " 2");
 
   SurfaceVolumes volumes = ReadSurfaceVolumes(c.ws);
   ASSERT_EQ(volumes.count(), 2);
   EXPECT_EQ(volumes.front[0], "0");
   EXPECT_EQ(volumes.back[0], "1");
-  EXPECT_EQ(volumes.back[1], "12");
+  EXPECT_EQ(volumes.back[1], "2");
 
   table.SurfName[1] = " South wall ";
   ASSERT_TRUE(WriteSurfaces(c.ws, table));
   std::string expected =
       Block("South wall", {"0", "90", "180", "0", "0", "0", "0", "1", "6", "2.7"}) +
-      Block("Roof", {"", "0", "0", "0", "0", "0", "0", "12"});
+      Block("Roof", {"", "0", "0", "0", "0", "0", "0", "2"});
   EXPECT_EQ(c.Bytes(), expected);
   EXPECT_EQ(ReadBytes(c.dir / "THERMAL.INP"), "XXXXXX\r\n");
 
