@@ -120,6 +120,58 @@ TEST(CheckSurface, SeveralFaultsAtOnceAndTheFirstTakesTheFocus) {
   EXPECT_EQ(c.Check(), "passed");
 }
 
+TEST(CheckSurface, EveryBoundAsTheMessageWritesIt) {
+  // A rectangle with an opaque hole: every number rule but the facings runs.
+  auto fields = OuterWall();
+  fields[0] = "2";
+  fields[21] = "2";
+  CheckCase c(fields);
+  Surface& s = c.screen;
+  for (TextBox* input :
+       {&s.Zenith, &s.Azimuth, &s.X, &s.Y, &s.Z, &s.A, &s.B, &s.C, &s.D, &s.E, &s.F, &s.M_AbsF,
+        &s.M_AbsB, &s.M_EmmF, &s.M_EmmB, &s.H_AbsF, &s.H_AbsB, &s.H_EmmF, &s.H_EmmB}) {
+    input->text = "x";
+  }
+  EXPECT_EQ(c.Check(),
+            "Zenith must be a value (-180 -  180)\r"
+            "Azimuth must be a value (-360 -  360)\r"
+            "X must be a value (-999999 -  999999)\r"
+            "Y must be a value (-999999 -  999999)\r"
+            "Z must be a value (-999999 -  999999)\r"
+            "A must be a value ( 0 -  999999)\r"
+            "B must be a value ( 0 -  999999)\r"
+            "C must be a value ( .01 -  999999)\r"
+            "D must be a value ( .01 -  999999)\r"
+            "B - E must be >=  .01\rC must be < E \rA - F must be >=  .01\rD must be < F \r"
+            "Absorptance must be a value ( 0 -  100)\rAbsorptance must be a value ( 0 -  100)\r"
+            "Emittance must be a value ( 0 -  100)\rEmittance must be a value ( 1 -  100)\r"
+            "Absorptance must be a value ( 0 -  100)\rAbsorptance must be a value ( 0 -  100)\r"
+            "Emittance must be a value ( 0 -  100)\rEmittance must be a value ( 1 -  100)\r");
+  // The bounds themselves pass, but for the strict lower bound of a dimension.
+  s.Zenith.text = "180";
+  s.Azimuth.text = "360";
+  s.X.text = "-999999";
+  s.Y.text = "999999";
+  s.Z.text = "+.5";
+  s.A.text = "999999";
+  s.B.text = "3";
+  s.C.text = ".01";
+  s.D.text = ".01";
+  s.E.text = "2.99";
+  s.F.text = "999998.99";
+  for (TextBox* input : {&s.M_AbsF, &s.M_AbsB, &s.M_EmmF, &s.H_AbsF, &s.H_AbsB, &s.H_EmmF}) {
+    input->text = "0";
+  }
+  s.M_EmmB.text = "100";
+  s.H_EmmB.text = "1";
+  EXPECT_EQ(c.Check(), "passed");
+  s.Zenith.text = "-180.01";
+  s.H_EmmB.text = ".99";
+  EXPECT_EQ(c.Check(),
+            "Zenith must be a value (-180 -  180)\rEmittance must be a value ( 1 -  100)\r");
+  EXPECT_EQ(s.focus, "Zenith");
+}
+
 TEST(CheckSurface, FacingRulesAndTheShadingScreen) {
   CheckCase c;
   Surface& s = c.screen;
