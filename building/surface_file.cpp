@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/fields.h"
+#include "core/form_helpers.h"
 #include "core/numbers.h"
 #include "core/stale.h"
 #include "core/text_file.h"
@@ -14,11 +15,7 @@ SurfaceTable::SurfaceTable()
     : SurfName(kMaxElements + 1),
       SurfData(kMaxElements + 1, std::vector<std::string>(kSurfaceFields + 1)) {}
 
-void ClearElement(SurfaceTable& table, int slot) {
-  auto& fields = table.SurfData[slot];
-  fields.assign(kSurfaceFields + 1, "");
-  fields[1] = fields[4] = fields[5] = fields[6] = "0";
-}
+void ClearElement(SurfaceTable& table, int slot) { ClearElementRow(table.SurfData[slot]); }
 
 namespace {
 

@@ -59,8 +59,8 @@ void FillCaseList(const Workspace& ws, Control& list) {
 }
 
 void ClearElementRow(std::vector<std::string>& fields) {
-  fields.assign(29, "");
-  fields[0] = fields[3] = fields[4] = fields[5] = "0";
+  fields.assign(30, "");
+  fields[1] = fields[4] = fields[5] = fields[6] = "0";
 }
 
 std::string AskInput(Session& session, const std::string& prompt, const std::string& default_text,

@@ -33,8 +33,9 @@ void CancelAskingToSave(Form& form, Dialogs& dialogs, bool dirty, const std::str
 // One item per line of CASES.LIB: the name in lower case, " - ", the headline.
 void FillCaseList(const Workspace& ws, Control& list);
 
-// Blanks the 29 fields of an element and puts "0" into its shape and its
-// three coordinates.
+// Blanks the 29 fields of an element, numbered from 1 as in the element
+// table (position 0 unused), and puts "0" into its shape and its three
+// coordinates: a rectangle at the origin.
 void ClearElementRow(std::vector<std::string>& fields);
 
 // Asks for one line of text through the input box. The check kind is 0 for

@@ -179,10 +179,11 @@ TEST(FormHelpers, SaveQuestionCentreAndCaseList) {
   FillCaseList(fake.ws(), list);
   EXPECT_EQ(list.items, (std::vector<std::string>{"case1 - First - with dash", "case2 - Second"}));
 
-  std::vector<std::string> fields(29, "x");
+  std::vector<std::string> fields(30, "x");
   ClearElementRow(fields);
-  EXPECT_EQ(fields[0] + fields[3] + fields[4] + fields[5], "0000");
-  EXPECT_EQ(fields[1] + fields[6] + fields[28], "");
+  ASSERT_EQ(fields.size(), 30u);
+  EXPECT_EQ(fields[1] + fields[4] + fields[5] + fields[6], "0000");
+  EXPECT_EQ(fields[0] + fields[2] + fields[3] + fields[7] + fields[29], "");
 }
 
 TEST(InpBox, NumberChecksAndTheirMessages) {
