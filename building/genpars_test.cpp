@@ -66,7 +66,12 @@ TEST(GenPars, ReadsTheFileAndFollowsTheOptions) {
   // A file cut short is refused, not half read.
   WriteBytes(c.dir / "genpars.inp", "N\r\n30\r\n");
   GenPars cut(c.fake.session);
-  EXPECT_THROW(cut.Load(), FileError);
+  try {
+    cut.Load();
+    FAIL() << "a file cut short must be reported";
+  } catch (const FileError& error) {
+    EXPECT_NE(error.UserText().find("GENPARS.INP, line 3"), std::string::npos) << error.UserText();
+  }
 }
 
 TEST(GenPars, BoundsAtTheirEdges) {

@@ -251,8 +251,15 @@ TEST(SiteScreen, CheckGathersEveryFaultAndFocusesTheFirst) {
 TEST(SiteScreen, CancelAsksAboutChangesAndGeneralParametersOpens) {
   SiteCase c;
   c.WriteSiteFile("59.35\t 0\t 0\t", c.climate);
+  const std::string loaded = c.SiteBytes();
   Site site(c.fake.session);
   site.Load();
+  // OK with nothing changed writes the same bytes and leaves the modules be.
+  site.Ok();
+  EXPECT_TRUE(site.unloaded);
+  EXPECT_EQ(c.SiteBytes(), loaded);
+  EXPECT_EQ(ReadBytes(JoinPath(c.ws().CasePath, "THERMAL.INP")), "------\r\n");
+  site.unloaded = false;
   site.Cancel();  // nothing changed: closes without a question
   EXPECT_TRUE(site.unloaded);
   EXPECT_TRUE(c.fake.dialogs.messages.empty());
