@@ -315,6 +315,38 @@ TEST(SurfaceScreen, ChoicesSwitchFramesLabelsAndLeakage) {
   EXPECT_TRUE(s.Dirty);
 }
 
+TEST(SurfaceScreen, ShownDefaultsAreNotTheBlanksNorStored) {
+  ScreenCase c;
+  auto hole = WithField(WithField(OuterWall(), 1, "2"), 22, "2");
+  hole[10] = hole[11] = "1";  // C and D
+  hole[12] = hole[13] = "2";  // E and F
+  for (int field : {23, 24, 25, 26}) hole[field - 1] = "";
+  auto shading = WithField(WithField(WithField(OuterWall(), 15, "0"), 17, ""), 7, "0");
+  c.Elements({{"Hole", hole}, {"Screen", WithField(shading, 8, "0")}});
+  Surface& s = c.screen;
+  s.Load();
+  EXPECT_TRUE(s.HoleWallFrame.enabled && s.H_AbsF.enabled);
+  EXPECT_EQ(s.H_AbsF.text + s.H_AbsB.text + s.H_EmmF.text + s.H_EmmB.text, "20209090");
+  EXPECT_EQ(s.table().SurfData[1][23] + s.table().SurfData[1][26], "");
+  c.Click(1);
+  EXPECT_EQ(s.M_AbsB.text, "20");
+  EXPECT_EQ(s.LabelMAbsB.caption, " % Trans:");
+  EXPECT_EQ(s.table().SurfData[2][17], "");
+  EXPECT_FALSE(s.Dirty);
+
+  // The last Delete blanks the inputs to the values a cleared screen takes.
+  for (int i = 0; i < 2; ++i) {
+    c.fake.dialogs.answers = {Answer::kYes};
+    s.Delete();
+  }
+  EXPECT_EQ(s.Zenith.text + s.Azimuth.text + s.A.text + s.F.text, "");
+  EXPECT_EQ(s.X.text + s.Y.text + s.Z.text + s.Leakage.text, "0000");
+  EXPECT_EQ(s.M_AbsF.text + s.M_AbsB.text + s.H_AbsF.text + s.H_AbsB.text, "70707070");
+  EXPECT_EQ(s.M_EmmF.text + s.M_EmmB.text + s.H_EmmF.text + s.H_EmmB.text, "87878787");
+  EXPECT_EQ(s.caption, "Building element");
+  EXPECT_FALSE(s.M_Wall.enabled || s.LabelMWall.enabled || s.Leakage.enabled);
+}
+
 TEST(SurfaceScreen, TextInputsStoreAndAClickWithAFaultStays) {
   ScreenCase c;
   c.Elements({{"South", OuterWall()}, {"North", WithField(OuterWall(), 3, "0")}});
