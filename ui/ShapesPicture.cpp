@@ -54,17 +54,13 @@ std::vector<ShapeDrawing> Drawings() {
 // The overview of the five shapes with the letters of their dimensions.
 class ShapesCanvas : public QWidget {
  public:
-  explicit ShapesCanvas(QWidget* parent) : QWidget(parent) {
-    setFixedSize(kPanel * 5, kHeight);
-    setAutoFillBackground(true);
-    QPalette p = palette();
-    p.setColor(QPalette::Window, Qt::white);
-    setPalette(p);
-  }
+  explicit ShapesCanvas(QWidget* parent) : QWidget(parent) { setFixedSize(kPanel * 5, kHeight); }
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
+    // Painted here, not through the palette: the screen's bindings reset it.
+    painter.fillRect(rect(), Qt::white);
     painter.setRenderHint(QPainter::Antialiasing);
     const auto drawings = Drawings();
     for (int shape = 0; shape < 5; ++shape) {

@@ -102,7 +102,10 @@ TEST(SurfaceView, ShapesPictureAndVolumeCounts) {
   ASSERT_TRUE(shapes);
   shapes->show();
   SaveShot(shapes.get(), "ShapesPicture");
-  EXPECT_TRUE(shapes->findChild<QWidget*>("Picture1"));
+  auto* canvas = shapes->findChild<QWidget*>("Picture1");
+  ASSERT_TRUE(canvas);
+  // A picture on white, as printed.
+  EXPECT_EQ(canvas->grab().toImage().pixelColor(2, 2), QColor(Qt::white));
   EXPECT_EQ(shapes->windowTitle(), "Shape index");
 
   SurfaceTable table;
