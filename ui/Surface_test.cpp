@@ -14,6 +14,7 @@
 #include "building/surface_test_case.h"
 #include "building/volume_surfaces_screen.h"
 #include "ui/qt_dialogs.h"
+#include "ui/qt_text.h"
 #include "ui/test_support.h"
 
 namespace zelmo::ui {
@@ -41,6 +42,17 @@ TEST(SurfaceView, ShowsTheElementAndRefusesAFaultyOne) {
   ASSERT_TRUE(dialog);
   dialog->show();
   SaveShot(dialog.get(), "Surface");
+  // Every caption is shown whole and every input lies inside the window.
+  for (auto* label : dialog->findChildren<QLabel*>()) {
+    if (label->isVisible() && !label->wordWrap()) {
+      EXPECT_GE(label->width(), label->sizeHint().width()) << S(label->objectName());
+    }
+  }
+  for (auto* widget : dialog->findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
+    const QRect area(widget->mapTo(dialog.get(), QPoint(0, 0)), widget->size());
+    EXPECT_TRUE(dialog->rect().contains(area)) << S(widget->objectName());
+  }
   EXPECT_EQ(dialog->windowTitle(), "Building element (South)");
   auto* list = dialog->findChild<QListWidget*>("SurfList");
   auto* wall = dialog->findChild<QComboBox*>("M_Wall");
