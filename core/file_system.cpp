@@ -149,6 +149,12 @@ bool EscapesFolder(const std::string& name) {
   return name.find('/') != std::string::npos || name.find('\\') != std::string::npos;
 }
 
+bool IsPlainFolderName(const std::string& name) {
+  return !TrimBlanks(name).empty() && !EscapesFolder(name);
+}
+
+std::string FolderOnDisk(const std::string& path) { return FromFsPath(Real(path)); }
+
 std::string Separator() { return std::string(1, static_cast<char>(fs::path::preferred_separator)); }
 
 std::string LowerPathWhereCaseIgnored(const std::string& path) {

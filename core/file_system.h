@@ -33,6 +33,14 @@ std::string StripTrailingSeparator(const std::string& path);
 // True when a name typed by the user would leave its folder: it holds a path
 // separator or is "." or "..".
 bool EscapesFolder(const std::string& name);
+// A name that stays inside its folder and is not blank: the only kind of
+// register line that may name a project's or a case's folder.
+bool IsPlainFolderName(const std::string& name);
+// The folder as it stands on disk: the registers hold project and case names
+// in lower case, while a folder keeps the case it was made in. Where case
+// matters, the path that the modules and other programs get must be the
+// folder's own; a folder that is not there gives the path unchanged.
+std::string FolderOnDisk(const std::string& path);
 // A path the system shows lower-cased: lower case where the file system
 // ignores case; elsewhere a folder keeps the case the user gave it.
 std::string LowerPathWhereCaseIgnored(const std::string& path);

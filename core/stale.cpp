@@ -32,7 +32,7 @@ void MarkModulesStale(const Workspace& ws, const std::string& case_dir, const Mo
   for (const auto& line : *cases) {
     std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
     // A damaged line never reaches a folder outside the project.
-    if (name.empty() || EscapesFolder(name)) continue;
+    if (!IsPlainFolderName(name)) continue;
     MarkOneCase(JoinPath(ws.ProjectPath, name), flags);
   }
 }

@@ -121,7 +121,7 @@ void OpenCase::Open() {
   // A register line without a name would make the project's folder, or one
   // above it, the case's folder: such a line is damaged.
   const std::string name = ItemName(item);
-  if (name.empty() || EscapesFolder(name)) {
+  if (!IsPlainFolderName(name)) {
     throw FileError(CasesFilePath(ws), List1.list_index + 1, "The line names no case folder");
   }
   ws.CaseName = name;
@@ -191,7 +191,7 @@ void CopyCase::Copy() {
   }
   const std::string source_name = ItemName(List1.SelectedItem());
   const std::string source = JoinPath(ws.ProjectPath, source_name);
-  if (source_name.empty() || EscapesFolder(source_name) || !FolderExists(source)) {
+  if (!IsPlainFolderName(source_name) || !FolderExists(source)) {
     throw FileError(source, 0, "Path not found");
   }
   List1.AddItem(ToLower(name) + " - " + headline);

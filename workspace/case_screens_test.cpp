@@ -94,16 +94,7 @@ TEST_F(CaseScreens, OpenCaseSetsTheCaseAndItsState) {
   AppendLine(InProject("CASES.LIB"), "headline only");
   AppendLine(InProject("CASES.LIB"), ".. - up");
   for (int index : {2, 3}) {
-    OpenCase damaged(fake.session, main);
-    fake.dialogs.ShowModal(damaged);
-    damaged.List1.list_index = index;
-    try {
-      damaged.Open();
-      ADD_FAILURE() << index;
-    } catch (const FileError& error) {
-      EXPECT_EQ(error.path(), InProject("CASES.LIB"));
-      EXPECT_EQ(error.line(), index + 1);
-    }
+    ExpectOpenRefusesDamagedLine<OpenCase>(index, InProject("CASES.LIB"));
     EXPECT_EQ(ws().CasePath, InProject("c2"));
   }
 }

@@ -37,7 +37,7 @@ void DeleteCaseLine(const Workspace& ws, const std::string& name) {
   const std::string key = TrimBlanks(name);
   // A name that is no plain folder name would take the delete outside the
   // project: only the line goes then.
-  if (!key.empty() && !EscapesFolder(key)) DeleteTree(JoinPath(ws.ProjectPath, key));
+  if (IsPlainFolderName(key)) DeleteTree(JoinPath(ws.ProjectPath, key));
   RewriteListFile(CasesFilePath(ws), [&key](const std::string& line) -> std::optional<std::string> {
     if (TrimBlanks(FieldBefore(line, " -")) == key) return std::nullopt;
     return line;

@@ -34,13 +34,6 @@ bool ProjectClashes(const Workspace& ws, const std::string& name, const std::str
   return false;
 }
 
-// The project folder of a list item: the text after " - " under the data
-// folder. A damaged register may hold a directory that is no plain folder
-// name; nothing is ever copied from or deleted in such a place.
-bool IsPlainFolderName(const std::string& directory) {
-  return !TrimBlanks(directory).empty() && !EscapesFolder(directory);
-}
-
 }  // namespace
 
 void FillProjectList(const Session& session, Control& list) {

@@ -130,16 +130,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   AppendLine(Data("PROJECTS.LIB"), "bare");
   AppendLine(Data("PROJECTS.LIB"), "up\t..");
   for (int index : {2, 3}) {
-    OpenProject damaged(fake.session, main);
-    fake.dialogs.ShowModal(damaged);
-    damaged.List1.list_index = index;
-    try {
-      damaged.Open();
-      ADD_FAILURE() << index;
-    } catch (const FileError& error) {
-      EXPECT_EQ(error.path(), Data("PROJECTS.LIB"));
-      EXPECT_EQ(error.line(), index + 1);
-    }
+    ExpectOpenRefusesDamagedLine<OpenProject>(index, Data("PROJECTS.LIB"));
     EXPECT_EQ(ws().ProjectPath, Data("one"));
     EXPECT_EQ(main.caption, " Project : one");
   }
@@ -211,6 +202,16 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   AddProject("xyz", "xyz");
   OpenAs("abc", "abc");
   ws().CaseName = "c1";
+  // Rename Project from its menu entry: the list item at `index` to `name`.
+  auto RenameThroughMenu = [this](int index, const std::string& name) {
+    fake.dialogs.screens["RenProject"] = [index, name](Form& form) {
+      auto& screen = static_cast<RenProject&>(form);
+      screen.List1.list_index = index;
+      screen.Text1.text = name;
+      screen.Rename();
+    };
+    RunRenameProject(main);
+  };
   fake.dialogs.screens["RenProject"] = [](Form& form) {
     auto& screen = static_cast<RenProject&>(form);
     EXPECT_EQ(screen.Text1.text, "");  // the selection of the load fills nothing
@@ -229,13 +230,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   EXPECT_EQ(main.caption, " (newname - c1)");
 
   // Another project: the title stays.
-  fake.dialogs.screens["RenProject"] = [](Form& form) {
-    auto& screen = static_cast<RenProject&>(form);
-    screen.List1.list_index = 1;
-    screen.Text1.text = "other";
-    screen.Rename();
-  };
-  RunRenameProject(main);
+  RenameThroughMenu(1, "other");
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
   EXPECT_EQ(main.caption, " (newname - c1)");
 
@@ -267,13 +262,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   ws().ProjectName.clear();
   main.SetTitle("");
   AppendLine(Data("PROJECTS.LIB"), "\tlost");
-  fake.dialogs.screens["RenProject"] = [](Form& form) {
-    auto& screen = static_cast<RenProject&>(form);
-    screen.List1.list_index = 2;
-    screen.Text1.text = "found";
-    screen.Rename();
-  };
-  RunRenameProject(main);
+  RenameThroughMenu(2, "found");
   fake.dialogs.screens.clear();
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\nfound\tlost\r\n");
   EXPECT_EQ(ws().ProjectName, "");

@@ -58,10 +58,6 @@ void RenameProjectLine(const Workspace& ws, const std::string& old_name,
   });
 }
 
-std::string FolderOnDisk(const std::string& path) {
-  return FromFsPath(ResolvePath(ToFsPath(path)));
-}
-
 void DeleteTree(const std::string& path) {
   if (path.empty()) return;
   DeleteFolderTree(path);

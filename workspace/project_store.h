@@ -50,12 +50,6 @@ void DeleteProjectLine(const Workspace& ws, const std::string& name);
 void RenameProjectLine(const Workspace& ws, const std::string& old_name,
                        const std::string& new_name);
 
-// The folder as it stands on disk: the register holds project and case names
-// in lower case, while a folder keeps the case it was made in. Where case
-// matters, the path that the modules and other programs get must be the
-// folder's own; a folder that is not there gives the path unchanged.
-std::string FolderOnDisk(const std::string& path);
-
 // Removes a folder with everything in it. Fails silently.
 void DeleteTree(const std::string& path);
 

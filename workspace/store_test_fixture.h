@@ -61,6 +61,22 @@ class StoreTest : public ::testing::Test {
     return names;
   }
 
+  // Open on the list item at `index` refuses it as a damaged line of
+  // `list_file`, naming the file and the line.
+  template <class OpenScreen>
+  void ExpectOpenRefusesDamagedLine(int index, const std::string& list_file) {
+    OpenScreen damaged(fake.session, main);
+    fake.dialogs.ShowModal(damaged);
+    damaged.List1.list_index = index;
+    try {
+      damaged.Open();
+      ADD_FAILURE() << index;
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.path(), list_file);
+      EXPECT_EQ(error.line(), index + 1);
+    }
+  }
+
   TempDir dir;
   FakeSession fake;
   StartForm main{fake.session};
