@@ -1,3 +1,5 @@
+include(GoogleTest)
+
 # zelmo_subsystem(NAME DEPS...): one library of every *.cpp in the folder
 # that is not a test, and one test program of every *_test.cpp beside it.
 function(zelmo_subsystem name)
@@ -20,9 +22,9 @@ function(zelmo_subsystem name)
   if(ZELMO_BUILD_TESTS AND test_sources)
     add_executable(${name}_tests ${test_sources})
     target_link_libraries(${name}_tests PRIVATE ${name} zelmo_testing
-                          ${ARG_TEST_DEPS} GTest::gtest GTest::gtest_main)
-    add_test(NAME ${name}_tests COMMAND ${name}_tests)
-    set_tests_properties(${name}_tests PROPERTIES
-      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ZELMO_DIST_DIR=${ZELMO_DIST_DIR};ZELMO_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+                          ${ARG_TEST_DEPS} zelmo_test_main)
+    # Every test case is a test of its own, so a failure names its test. The
+    # list is read when ctest runs, not at build time.
+    gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST)
   endif()
 endfunction()

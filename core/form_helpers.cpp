@@ -10,6 +10,7 @@ namespace zelmo {
 void CenterForm(Form& form, const Workspace& ws) {
   form.left = (ws.ScreenWidth - form.width) / 2;
   form.top = (ws.ScreenHeight + 500 - form.height) / 2;
+  form.centered = true;
 }
 
 Answer AskSaveChanges(Dialogs& dialogs, std::string& text) {
@@ -60,7 +61,7 @@ void FillCaseList(const Workspace& ws, Control& list) {
 
 void ClearElementRow(std::vector<std::string>& fields) {
   fields.assign(30, "");
-  fields[1] = fields[4] = fields[5] = fields[6] = "0";
+  for (int field : {1, 4, 5, 6}) fields[field] = "0";
 }
 
 std::string AskInput(Session& session, const std::string& prompt, const std::string& default_text,
