@@ -155,7 +155,7 @@ void FluidAdv::Save() {
   }
   const Workspace& ws = session_.ws;
   if (!WriteAdvConn(ws, connections)) {
-    throw FileError(JoinPath(ws.CasePath, kAdvConnFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kAdvConnFile));
   }
   std::vector<FluidRow> fluids;
   for (int row = 1; row < FluidList.rows(); ++row) {
@@ -166,7 +166,7 @@ void FluidAdv::Save() {
     fluids.push_back(fluid);
   }
   if (!WriteFluids(ws, fluids)) {
-    throw FileError(JoinPath(ws.CasePath, kFluidsFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kFluidsFile));
   }
   MarkModulesStale(ws, ws.CasePath, kAllModules);
   dirty_ = false;

@@ -106,7 +106,7 @@ bool ForceVent::CheckBalance() {
 void ForceVent::Save() {
   const Workspace& ws = session_.ws;
   if (!WriteForcedVent(ws, GridRows())) {
-    throw FileError(JoinPath(ws.CasePath, kForcedVentFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kForcedVentFile));
   }
   // A change of ventilation needs only the last module run again.
   MarkModulesStale(ws, ws.CasePath, kSixthModule);

@@ -164,7 +164,7 @@ void GenPars::Save() {
                                  Loops.text,
                                  Option2.value != 0 ? "Y" : "N"};
   if (!WriteGenPars(ws, lines)) {
-    throw FileError(JoinPath(ws.CasePath, kGenParsFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kGenParsFile));
   }
   // General parameters feed the last module only.
   MarkModulesStale(ws, ws.CasePath, kSixthModule);

@@ -254,7 +254,7 @@ void Surface::ExclClick() {
 
 void Surface::Save() {
   if (!WriteSurfaces(session_.ws, table_)) {
-    throw FileError(JoinPath(session_.ws.CasePath, kSurfaceFile), 0,
+    throw FileError(PathOnDisk(JoinPath(session_.ws.CasePath, kSurfaceFile)), 0,
                     "The building elements could not be written");
   }
 }

@@ -6,6 +6,16 @@
 
 namespace zelmo {
 
+std::string OneLineText(const std::string& text) {
+  std::string line;
+  line.reserve(text.size());
+  for (char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x20 && byte != 0x7F) line.push_back(c);
+  }
+  return line;
+}
+
 std::string FieldBefore(const std::string& text, const std::string& delimiter) {
   if (delimiter.empty()) return {};
   size_t at = text.find(delimiter);

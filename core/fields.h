@@ -8,6 +8,11 @@
 
 namespace zelmo {
 
+// A text typed into a one-line input, as a file of one record a line may
+// hold it: every control character (line breaks, TAB, and the rest below a
+// blank) is left out.
+std::string OneLineText(const std::string& text);
+
 class Dialogs;
 
 inline const std::string kTab = "\t";

@@ -146,7 +146,10 @@ std::string StripTrailingSeparator(const std::string& path) {
 bool EscapesFolder(const std::string& name) {
   std::string trimmed = TrimBlanks(name);
   if (trimmed == "." || trimmed == "..") return true;
-  return name.find('/') != std::string::npos || name.find('\\') != std::string::npos;
+  // A line break would also end the name's record in its register and start
+  // another one.
+  return name.find('/') != std::string::npos || name.find('\\') != std::string::npos ||
+         OneLineText(name) != name;
 }
 
 bool IsPlainFolderName(const std::string& name) {

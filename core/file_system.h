@@ -31,7 +31,7 @@ std::string LastName(const std::string& path);
 // The path with one trailing separator removed.
 std::string StripTrailingSeparator(const std::string& path);
 // True when a name typed by the user would leave its folder: it holds a path
-// separator or is "." or "..".
+// separator or a control character, or is "." or "..".
 bool EscapesFolder(const std::string& name);
 // A name that stays inside its folder and is not blank: the only kind of
 // register line that may name a project's or a case's folder.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/fields.h"
 #include "core/form_helpers.h"
 #include "core/numbers.h"
 #include "core/session.h"
@@ -63,7 +64,8 @@ void InpBox::Ok() {
     Text1.SetFocus();
     return;
   }
-  session_.ws.InpBoxResult = Text1.text;
+  // The answer goes into files of one record a line.
+  session_.ws.InpBoxResult = OneLineText(Text1.text);
   Unload();
 }
 

@@ -17,6 +17,7 @@ inline constexpr ModuleFlags kSixthModule = {false, false, false, false, false, 
 
 // Puts "X" in THERMAL.INP at every position whose flag is set. `case_dir` is a
 // case folder, or "ALL" for every case of CASES.LIB in the current project.
+// A THERMAL.INP that is there and cannot be written throws FileError.
 void MarkModulesStale(const Workspace& ws, const std::string& case_dir, const ModuleFlags& flags);
 
 }  // namespace zelmo

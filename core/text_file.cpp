@@ -8,6 +8,13 @@
 
 #include "core/fields.h"
 
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace zelmo {
 namespace fs = std::filesystem;
 
@@ -49,26 +56,56 @@ std::vector<std::string> SplitLines(const std::string& bytes) {
   return lines;
 }
 
-bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes) {
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.flush();
-    if (!out) {
-      out.close();
-      std::error_code ignored;
-      fs::remove(temp, ignored);
-      return false;
-    }
-  }
+// The bytes reach the disk before the name moves, so a power cut leaves the
+// old file or the new one, never an empty one.
+bool WriteAndSync(const fs::path& temp, const std::string& bytes) {
+#ifdef _WIN32
+  FILE* file = _wfopen(temp.c_str(), L"wb");
+#else
+  FILE* file = std::fopen(temp.c_str(), "wb");
+#endif
+  if (!file) return false;
+  bool written =
+      std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() && std::fflush(file) == 0;
+#ifdef _WIN32
+  written = written && _commit(_fileno(file)) == 0;
+#else
+  written = written && fsync(fileno(file)) == 0;
+#endif
+  return std::fclose(file) == 0 && written;
+}
+
+// A file the user marked read-only is not replaced behind his back.
+bool ReadOnlyFile(const fs::path& target) {
   std::error_code ec;
-  fs::rename(temp, target, ec);
-  if (ec) {
-    std::error_code ignored;
+  fs::file_status status = fs::status(target, ec);
+  if (ec || !fs::exists(status)) return false;
+  return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes) {
+  if (ReadOnlyFile(target)) return false;
+  std::error_code ignored;
+  if (!WriteAndSync(temp, bytes)) {
     fs::remove(temp, ignored);
     return false;
   }
+  // One step replaces the file: rename on POSIX, a replacing move on Windows.
+  std::error_code ec;
+  fs::rename(temp, target, ec);
+  if (ec) {
+    fs::remove(temp, ignored);
+    return false;
+  }
+#ifndef _WIN32
+  // The new name is on disk too.
+  if (int folder = open(target.parent_path().empty() ? "." : target.parent_path().c_str(),
+                        O_RDONLY | O_DIRECTORY);
+      folder >= 0) {
+    fsync(folder);
+    close(folder);
+  }
+#endif
   return true;
 }
 
@@ -274,23 +311,23 @@ bool WriteAllLines(const std::string& path, const std::vector<std::string>& line
 }
 
 bool AppendLine(const std::string& path, const std::string& line) {
-  fs::path target = ResolvePath(ToFsPath(path));
+  // The list is written whole with its new line, so an append that cannot be
+  // completed leaves the list as it was.
+  std::optional<std::string> old = ReadAllBytes(path);
+  std::error_code ec;
+  if (!old && fs::exists(ResolvePath(ToFsPath(path)), ec)) return false;
+  std::string bytes = old.value_or("");
   // A last line without its end (a file edited by hand) is ended first, so
   // the new record does not run on from it.
-  bool open_line = false;
-  {
-    std::ifstream in(target, std::ios::binary | std::ios::ate);
-    if (in && in.tellg() > 0) {
-      in.seekg(-1, std::ios::end);
-      char last = 0;
-      open_line = in.get(last) && last != '\n' && last != '\r';
-    }
-  }
-  std::ofstream out(target, std::ios::binary | std::ios::app);
-  if (!out) return false;
-  if (open_line) out << "\r\n";
-  out << line << "\r\n";
-  return static_cast<bool>(out);
+  if (!bytes.empty() && bytes.back() != '\n' && bytes.back() != '\r') bytes += "\r\n";
+  bytes += line + "\r\n";
+  return WriteAllBytes(path, bytes);
+}
+
+std::string PathOnDisk(const std::string& path) { return FromFsPath(ResolvePath(ToFsPath(path))); }
+
+void FailWrite(const std::string& path) {
+  throw FileError(PathOnDisk(path), 0, "The file could not be written.");
 }
 
 std::string ListTempPath(const std::string& path) {

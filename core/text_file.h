@@ -75,17 +75,26 @@ class TextReader {
   size_t next_ = 0;
 };
 
-// Writes the lines, each ended by CR LF, as the whole file. An existing file
-// whose name differs only in case is replaced. Returns false on failure, and
-// then the old file stands as it was.
+// Writes the lines, each ended by CR LF, as the whole file: into a file
+// beside it, flushed to disk, then renamed over it in one step. An existing
+// file whose name differs only in case is replaced; a file marked read-only
+// is not. Returns false on failure, and then the old file stands as it was.
 bool WriteAllLines(const std::string& path, const std::vector<std::string>& lines);
 // Writes the bytes exactly as given, as the whole file.
 bool WriteAllBytes(const std::string& path, const std::string& bytes);
 // The bytes of a file, or nothing.
 std::optional<std::string> ReadAllBytes(const std::string& path);
 
-// Appends one line with CR LF, creating the file when it is missing.
+// Appends one line with CR LF, creating the file when it is missing. The
+// file is replaced whole, so a failed append leaves it as it was.
 bool AppendLine(const std::string& path, const std::string& line);
+
+// The path with the name of the file or folder as it stands on disk, where
+// the two differ only in the case of their letters.
+std::string PathOnDisk(const std::string& path);
+// Reports a whole-file write that failed: a FileError naming the file as it
+// stands on disk.
+[[noreturn]] void FailWrite(const std::string& path);
 
 // Rewrites a list file through `<stem>.XXX` beside it: each line, trimmed, is
 // handed to `edit`, which returns the line to keep or nothing to leave it out.

@@ -314,7 +314,7 @@ std::vector<std::string> Site::SiteLines() const {
 void Site::Save() {
   const Workspace& ws = session_.ws;
   if (!WriteSite(ws, SiteLines(), Dirty)) {
-    throw FileError(JoinPath(ws.CasePath, kSiteFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kSiteFile));
   }
   Dirty = false;
 }

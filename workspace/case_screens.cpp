@@ -49,7 +49,7 @@ NewCase::NewCase(Session& session, StartForm& main)
   Label1.caption = "Name";
   Label2.caption = "Headline";
   Label3.caption = "Existing cases";
-  Text1.max_length = 8;
+  Text1.max_length = kCaseNameLength;
   Text2.max_length = 30;
   SetupButtons(*this, Command1, Command2, Command3, "&New");
   Command1.on_click = [this] { New(); };
@@ -77,8 +77,8 @@ void NewCase::New() {
     Fail("Casename must be set");
     return;
   }
-  if (name.find(':') != std::string::npos || name.find('\\') != std::string::npos ||
-      !IsPlainCaseName(name) || EscapesFolder(name)) {
+  if (name.size() > kCaseNameLength || name.find(':') != std::string::npos ||
+      name.find('\\') != std::string::npos || !IsPlainCaseName(name) || EscapesFolder(name)) {
     Fail("Case name must be <= 8 characters long with no spacec in the name !");
     return;
   }
@@ -144,7 +144,7 @@ CopyCase::CopyCase(Session& session, StartForm& main)
   Label1.caption = "Source cases";
   Label2.caption = "Name of the copy";
   Label3.caption = "Headline for the copy";
-  Text1.max_length = 8;
+  Text1.max_length = kCaseNameLength;
   Text2.max_length = 30;
   SetupButtons(*this, Command1, Command2, Command3, "&Copy");
   List1.on_click = [this] { SourceClicked(); };
@@ -181,7 +181,7 @@ void CopyCase::Copy() {
     Fail("Casename must be set");
     return;
   }
-  if (!IsPlainCaseName(name) || EscapesFolder(name)) {
+  if (name.size() > kCaseNameLength || !IsPlainCaseName(name) || EscapesFolder(name)) {
     Fail("Casename not correct");
     return;
   }
@@ -194,11 +194,11 @@ void CopyCase::Copy() {
   if (!IsPlainFolderName(source_name) || !FolderExists(source)) {
     throw FileError(source, 0, "Path not found");
   }
-  List1.AddItem(ToLower(name) + " - " + headline);
   CreateCaseEntry(ws, main_, name, headline);
+  List1.AddItem(ToLower(name) + " - " + ws.CaseHeadline);
   // THERMAL.INP comes along, so the copy keeps the source's module flags;
   // the results stay behind.
-  if (!CopyFolderTree(source, ws.CasePath)) throw FileError(source, 0, "Path not found");
+  if (!CopyFolderTree(source, ws.CasePath)) FailWrite(ws.CasePath);
   DeleteFilesWithExtensions(ws.CasePath, kResultExtensions);
   // The copy is the current case now, as a new case would be.
   main_.StateAfterNewCase();
@@ -218,7 +218,7 @@ RenCase::RenCase(Session& session, StartForm& main)
   Label1.caption = "Existing cases";
   Label2.caption = "New name";
   Label3.caption = "Headline";
-  Text1.max_length = 8;
+  Text1.max_length = kCaseNameLength;
   Text2.max_length = 30;
   SetupButtons(*this, Command1, Command2, Command3, "&Rename");
   List1.on_click = [this] { CaseClicked(); };
@@ -256,7 +256,7 @@ void RenCase::Rename() {
     return;
   }
   // The name moves the folder: it must stay a folder of the project.
-  if (EscapesFolder(name)) {
+  if (name.size() > kCaseNameLength || EscapesFolder(name)) {
     dialogs.MsgBox("Case name must be <= 8 characters long with no spacec in the name !",
                    mb::kExclamation, kErrorTitle);
     Text1.SelectAll();
@@ -267,8 +267,13 @@ void RenCase::Rename() {
   if (List1.list_index < 0) return;
   const std::string item = List1.SelectedItem();
   const std::string old_name = ItemName(item);
+  // The folder that moves is named by the register line: a line that names
+  // no folder of the project is damaged.
+  if (!IsPlainFolderName(old_name)) {
+    throw FileError(CasesFilePath(ws), List1.list_index + 1, "The line names no case folder");
+  }
   const std::string old_headline = ItemHeadline(item);
-  const std::string& headline = Text2.text;
+  const std::string headline = OneLineText(Text2.text);
   const bool same_name = name == old_name;
   if (!same_name) {
     if (!FileCanOpen(CasesFilePath(ws))) {

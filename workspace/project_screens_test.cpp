@@ -82,8 +82,8 @@ TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
   }
   EXPECT_EQ(Projects(), "p\tp\r\n");
 
-  // A project folder that can't be made: the message names the project's
-  // copy, not the program's library.
+  // A project folder that can't be made: the message names the folder, not
+  // the program's library, and nothing is registered.
   WriteBytes(Data("q"), "a file where the folder should be\r\n");
   NewProject blocked(fake.session, main);
   blocked.Text1.text = "q";
@@ -91,8 +91,9 @@ TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
     blocked.New();
     ADD_FAILURE();
   } catch (const FileError& error) {
-    EXPECT_EQ(error.path(), JoinPath(Data("q"), "GASTP.INP"));
+    EXPECT_EQ(error.UserText(), "Path not found\r" + Data("q"));
   }
+  EXPECT_EQ(Projects(), "p\tp\r\n");
 }
 
 TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {

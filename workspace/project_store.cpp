@@ -29,11 +29,16 @@ std::string ProjectListItem(const ProjectLine& line) {
 void CreateProjectEntry(Workspace& ws, Form& main_window, const std::string& name,
                         const std::string& directory) {
   std::string folder = StripTrailingSeparator(directory);
-  AppendLine(ProjectsFilePath(ws), ToLower(name + kTab + name));
   // The register holds the folder's name in lower case; the folder is made
-  // so, under the data folder as the user gave it.
+  // so, under the data folder as the user gave it. A folder that is there
+  // already is taken.
   std::string project_path = JoinPath(ParentFolder(folder), ToLower(LastName(folder)));
-  CreateFolder(project_path);
+  const bool made = CreateFolder(project_path);
+  if (!made && !FolderExists(project_path)) throw FileError(project_path, 0, "Path not found");
+  if (!AppendLine(ProjectsFilePath(ws), ToLower(name + kTab + name))) {
+    if (made) DeleteFolderTree(project_path);
+    FailWrite(ProjectsFilePath(ws));
+  }
   ws.ProjectName = ToLower(name);
   ws.ProjectPath = project_path;
   ws.CaseName.clear();
@@ -42,20 +47,23 @@ void CreateProjectEntry(Workspace& ws, Form& main_window, const std::string& nam
 
 void DeleteProjectLine(const Workspace& ws, const std::string& name) {
   const std::string key = TrimBlanks(name);
-  RewriteListFile(ProjectsFilePath(ws),
-                  [&key](const std::string& line) -> std::optional<std::string> {
-                    if (TrimBlanks(FieldBefore(line, kTab)) == key) return std::nullopt;
-                    return line;
-                  });
+  const bool rewritten = RewriteListFile(
+      ProjectsFilePath(ws), [&key](const std::string& line) -> std::optional<std::string> {
+        if (TrimBlanks(FieldBefore(line, kTab)) == key) return std::nullopt;
+        return line;
+      });
+  if (!rewritten && FileCanOpen(ProjectsFilePath(ws))) FailWrite(ProjectsFilePath(ws));
 }
 
 void RenameProjectLine(const Workspace& ws, const std::string& old_name,
                        const std::string& new_name) {
   const std::string key = TrimBlanks(old_name);
-  RewriteListFile(ProjectsFilePath(ws), [&](const std::string& line) -> std::optional<std::string> {
-    if (TrimBlanks(FieldBefore(line, kTab)) != key) return line;
-    return new_name + kTab + FieldAfter(line, kTab);
-  });
+  const bool rewritten = RewriteListFile(
+      ProjectsFilePath(ws), [&](const std::string& line) -> std::optional<std::string> {
+        if (TrimBlanks(FieldBefore(line, kTab)) != key) return line;
+        return new_name + kTab + FieldAfter(line, kTab);
+      });
+  if (!rewritten && FileCanOpen(ProjectsFilePath(ws))) FailWrite(ProjectsFilePath(ws));
 }
 
 void DeleteTree(const std::string& path) {
@@ -65,22 +73,16 @@ void DeleteTree(const std::string& path) {
 
 namespace {
 
-// The list file of a delete screen is rewritten through its .XXX file, which
-// is then copied over the list and deleted.
-void RemoveListLineByCopy(const std::string& list_path, const std::string& key, bool is_project) {
-  auto lines = ReadAllLines(list_path);
-  if (!lines) return;
-  std::vector<std::string> kept;
-  for (const auto& raw : *lines) {
-    std::string line = TrimBlanks(raw);
-    std::string first = is_project ? FieldBefore(line, kTab) : FieldBefore(line, " -");
-    if (TrimBlanks(first) == TrimBlanks(key)) continue;
-    kept.push_back(line);
-  }
-  const std::string temp = ListTempPath(list_path);
-  if (!WriteAllLines(temp, kept)) return;
-  CopyFileOver(temp, list_path);
-  DeleteFile(temp);
+// The list file of a delete screen loses the line of `key`, through its
+// .XXX file renamed over it in one step.
+void RemoveListLine(const std::string& list_path, const std::string& key, bool is_project) {
+  const bool rewritten =
+      RewriteListFile(list_path, [&](const std::string& line) -> std::optional<std::string> {
+        std::string first = is_project ? FieldBefore(line, kTab) : FieldBefore(line, " -");
+        if (TrimBlanks(first) == TrimBlanks(key)) return std::nullopt;
+        return line;
+      });
+  if (!rewritten && FileCanOpen(list_path)) FailWrite(list_path);
 }
 
 }  // namespace
@@ -96,7 +98,7 @@ bool DeleteDirectoryAndEntry(Session& session, const std::string& full_path, con
     return false;
   }
   const Workspace& ws = session.ws;
-  RemoveListLineByCopy(is_project ? ProjectsFilePath(ws) : CasesFilePath(ws), key, is_project);
+  RemoveListLine(is_project ? ProjectsFilePath(ws) : CasesFilePath(ws), key, is_project);
   return true;
 }
 
