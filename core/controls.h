@@ -198,6 +198,8 @@ class Form {
   std::string caption;
   int left = 0, top = 0, width = 0, height = 0;  // twips
   bool resizable = false;
+  // Set by CenterForm: the window is centred by the size it is shown at.
+  bool centered = false;
   bool unloaded = false;
   int help_context = 0;
   // The control that asked for the focus in the last event, or empty.

@@ -15,6 +15,7 @@
 
 #include "core/session.h"
 #include "ui/binder.h"
+#include "ui/qt_dialogs.h"
 #include "ui/qt_text.h"
 #include "ui/start_window.h"
 #include "workspace/start_form.h"
@@ -95,7 +96,7 @@ StartWindow::StartWindow(StartForm& form, Session& session)
   BuildMenus();
   BuildPanel();
   setFixedSize(Px(form.width), Px(form.height));
-  if (form.left > 0 || form.top > 0) move(Px(form.left), Px(form.top));
+  if (form.centered || form.left > 0 || form.top > 0) PlaceWindow(*this, form);
 
   binder_ = new Binder(form_, this, *session.dialogs, [this] { Unloaded(); });
   // The title after a command run from the menu; after a label of the panel
@@ -200,9 +201,9 @@ void StartWindow::BuildPanel() {
 }
 
 void StartWindow::SyncTitle() {
-  if (form_.caption == shown_title_ && windowTitle() == Q(shown_title_)) return;
+  if (form_.caption == shown_title_ && windowTitle() == WindowTitle(shown_title_)) return;
   shown_title_ = form_.caption;
-  setWindowTitle(Q(shown_title_));
+  setWindowTitle(WindowTitle(shown_title_));
 }
 
 bool StartWindow::event(QEvent* event) {

@@ -1,10 +1,12 @@
 // The views of the ten project and case screens, built offscreen.
 #include <gtest/gtest.h>
 
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <memory>
 
@@ -44,6 +46,9 @@ class StoreViews : public ::testing::Test {
     dialog->show();
     SaveShot(dialog.get(), form.name());
     EXPECT_EQ(S(dialog->windowTitle()), form.caption);
+    // Centred by the size it is shown at, whatever the model's width.
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_EQ(dialog->x(), area.x() + (area.width() - dialog->width()) / 2) << form.name();
     // Every control of the model has its widget.
     for (const Control* control : form.controls()) {
       EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();

@@ -87,7 +87,12 @@ TEST(SurfaceView, ShowsTheElementAndRefusesAFaultyOne) {
   a->selectAll();
   QTest::keyClicks(a, "0");
   EXPECT_EQ(screen.table().SurfData[2][9], "0");
-  list->setCurrentRow(0);
+  // Clicked as a user does: the press that picks the row selects it too, and
+  // the refused row must not stay highlighted.
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualItemRect(list->item(0)).center());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(list->selectedItems(), QList<QListWidgetItem*>{list->item(1)});
   ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
   EXPECT_EQ(c.fake.dialogs.Last().title, "Surface form check");
   EXPECT_EQ(c.fake.dialogs.Last().text,

@@ -34,9 +34,8 @@ void BuildVolumeSurfaces(Form& form, QDialog& dialog, Session&) {
   table->setFont(font);
   table->setTextElideMode(Qt::ElideNone);
   table->setStyleSheet("QTableWidget::item { padding: 0px 1px; }");
-  int width = 0;
-  for (int w : screen.Grid1.col_widths) width += Px(w);
-  table->setFixedWidth(width + 4);
+  // The grid takes the width of its columns, which grow to show "Outdoors".
+  table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
   table->setFixedHeight(screen.Grid1.rows() * Px(285) + 4);
   auto* row = new QHBoxLayout;
   row->addWidget(table);

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -15,7 +16,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
+#include <QTimer>
 #include <QWidget>
+#include <algorithm>
 
 #include "core/dialogs.h"
 #include "core/guard.h"
@@ -24,6 +27,9 @@
 namespace zelmo::ui {
 
 namespace {
+
+// Room beside a cell's text: the item's margins and the grid line.
+constexpr int kCellPadding = 8;
 
 constexpr const char* kRowAtPress = "zelmoRowAtPress";
 
@@ -159,18 +165,32 @@ void Binder::Connect(Control* control, QObject* object) {
       fire(control->on_change);
     });
   } else if (auto* list = qobject_cast<QListWidget*>(widget)) {
-    connect(list, &QListWidget::currentRowChanged, this, [this, control, fire](int row) {
+    connect(list, &QListWidget::currentRowChanged, this, [this, control, list, fire](int row) {
       if (syncing_) return;
       control->list_index = row;
       fire(control->on_click);
+      // A click goes on to select the row it pressed after this signal, so a
+      // row that the model refused is put back once the click is over.
+      if (control->list_index != row) {
+        QTimer::singleShot(0, list, [this, control, list] {
+          if (syncing_) return;
+          syncing_ = true;
+          SyncOne(control, list);
+          syncing_ = false;
+        });
+      }
     });
     // A click that selects a new item has already fired through the row
     // change; a click on the item that was already selected is still a click.
     list->viewport()->installEventFilter(this);
-    connect(list, &QListWidget::itemClicked, this, [this, control, list, fire](QListWidgetItem*) {
-      if (syncing_) return;
-      if (list->currentRow() == list->property(kRowAtPress).toInt()) fire(control->on_click);
-    });
+    connect(list, &QListWidget::itemClicked, this,
+            [this, control, list, fire](QListWidgetItem* item) {
+              if (syncing_) return;
+              const int row = list->row(item);
+              if (row == list->currentRow() && row == list->property(kRowAtPress).toInt()) {
+                fire(control->on_click);
+              }
+            });
     connect(list, &QListWidget::itemDoubleClicked, this,
             [control, fire](QListWidgetItem*) { fire(control->on_dbl_click); });
   } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
@@ -269,8 +289,9 @@ void Binder::Sync() {
   syncing_ = true;
   // A screen may retitle itself, as the element screens do with the name of
   // the element shown.
-  if (root_->isWindow() && !form_.caption.empty() && root_->windowTitle() != Q(form_.caption)) {
-    root_->setWindowTitle(Q(form_.caption));
+  if (root_->isWindow() && !form_.caption.empty() &&
+      root_->windowTitle() != WindowTitle(form_.caption)) {
+    root_->setWindowTitle(WindowTitle(form_.caption));
   }
   for (const auto& pair : pairs_) {
     if (pair.object) SyncOne(pair.control, pair.object);
@@ -360,7 +381,10 @@ void Binder::SyncOne(Control* control, QObject* object) {
       list->clear();
       list->addItems(items);
     }
-    if (list->currentRow() != control->list_index) list->setCurrentRow(control->list_index);
+    QListWidgetItem* chosen = list->item(control->list_index);
+    if (list->currentRow() != control->list_index || (chosen && !chosen->isSelected())) {
+      list->setCurrentRow(control->list_index, QItemSelectionModel::ClearAndSelect);
+    }
   } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
     QStringList items = ItemsOf(*control);
     bool same = combo->count() == items.size();
@@ -394,10 +418,17 @@ void Binder::SyncOne(Control* control, QObject* object) {
         }
       }
     }
+    // The widths are the system's, made for its font; a caption in a fixed
+    // row or column is still shown whole in the font the grid has here.
+    const QFontMetrics metrics(table->font());
     for (int c = 0; c < grid->cols() && c < static_cast<int>(grid->col_widths.size()); ++c) {
-      if (grid->col_widths[c] > 0 && table->columnWidth(c) != Px(grid->col_widths[c])) {
-        table->setColumnWidth(c, Px(grid->col_widths[c]));
+      if (grid->col_widths[c] <= 0) continue;
+      int width = Px(grid->col_widths[c]);
+      for (int r = 0; r < grid->rows(); ++r) {
+        if (r >= grid->fixed_rows && c >= grid->fixed_cols) continue;
+        width = std::max(width, metrics.horizontalAdvance(Q(grid->Cell(r, c))) + kCellPadding);
       }
+      if (table->columnWidth(c) != width) table->setColumnWidth(c, width);
     }
     if (grid->row >= 0 && grid->row < grid->rows() && grid->col >= 0 && grid->col < grid->cols() &&
         (table->currentRow() != grid->row || table->currentColumn() != grid->col)) {

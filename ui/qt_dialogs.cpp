@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -17,9 +19,30 @@
 
 namespace zelmo::ui {
 
+namespace {
+
+// The toolkit's message box wraps a line that is wider than half the screen
+// at a blank; the system's messages break only where their text does, so the
+// box grows to its longest line instead.
+class WholeLineMessageBox : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QMessageBox::showEvent(event);
+    if (auto* label = findChild<QLabel*>("qt_msgbox_label"); label && label->wordWrap()) {
+      label->setWordWrap(false);
+      setFixedSize(layout()->totalSizeHint().expandedTo(size()));
+    }
+  }
+};
+
+}  // namespace
+
 Answer QtDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(Q(title));
+  WholeLineMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(WindowTitle(title));
   box.setText(Shown(text));
   switch (mb::IconOf(style)) {
     case mb::kCritical:
@@ -94,7 +117,7 @@ void ScreenDialog::Bind() {
   if (auto* button = findChild<QPushButton*>(QString::fromStdString(form_.default_button))) {
     button->setDefault(true);
   }
-  setWindowTitle(Q(form_.caption));
+  setWindowTitle(WindowTitle(form_.caption));
   binder_->Sync();
 }
 
@@ -147,8 +170,19 @@ QDialog* BuildScreen(Form& form, Session& session) {
   // Bound first, so that the size takes in the captions the model fills.
   dialog->Bind();
   if (!form.resizable) dialog->setFixedSize(dialog->sizeHint().expandedTo(dialog->size()));
-  if (form.width > 0 || form.left > 0) dialog->move(Px(form.left), Px(form.top));
+  if (form.width > 0 || form.left > 0) PlaceWindow(*dialog, form);
   return dialog;
+}
+
+void PlaceWindow(QWidget& window, const Form& form) {
+  QScreen* screen = QGuiApplication::primaryScreen();
+  if (!form.centered || !screen) {
+    window.move(Px(form.left), Px(form.top));
+    return;
+  }
+  const QRect area = screen->availableGeometry();
+  window.move(area.x() + (area.width() - window.width()) / 2,
+              area.y() + (area.height() + Px(500) - window.height()) / 2);
 }
 
 void QtDialogs::ShowModal(Form& form) {

@@ -33,6 +33,11 @@ class QtDialogs : public Dialogs {
 // unloaded the screen or it has no view.
 QDialog* BuildScreen(Form& form, Session& session);
 
+// Puts a window where its screen model says: a centred screen by the size
+// its window has on screen, which the captions may have made larger than the
+// model's; otherwise at the model's position, when it has one.
+void PlaceWindow(QWidget& window, const Form& form);
+
 // A screen's window: routes the close box and Escape to the model.
 class ScreenDialog : public QDialog {
  public:
