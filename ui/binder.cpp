@@ -29,7 +29,7 @@ namespace zelmo::ui {
 namespace {
 
 // Room beside a cell's text: the item's margins and the grid line.
-constexpr int kCellPadding = 8;
+constexpr int kCellPadding = 12;
 
 constexpr const char* kRowAtPress = "zelmoRowAtPress";
 

@@ -4,11 +4,15 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLayout>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <optional>
+#include <vector>
 
 #include "core/form_helpers.h"
 #include "core/guard.h"
@@ -21,81 +25,105 @@ namespace zelmo::ui {
 
 namespace {
 
-// The toolkit's message box wraps a line that is wider than half the screen
-// at a blank; the system's messages break only where their text does, so the
-// box grows to its longest line instead.
-class WholeLineMessageBox : public QMessageBox {
+// A modal message box. The toolkit's own box wraps a line wider than half
+// the screen at a blank; the system's messages break only where their text
+// does, so this box grows to its longest line instead.
+class MessageBox : public QDialog {
  public:
-  using QMessageBox::QMessageBox;
+  MessageBox(const std::string& text, int style, const std::string& title)
+      : QDialog(QApplication::activeWindow()) {
+    setWindowTitle(WindowTitle(title));
+    auto* root = new QVBoxLayout(this);
+    auto* body = new QHBoxLayout;
+    body->setSpacing(Px(240));
+    if (QStyle::StandardPixmap icon = IconOf(style); icon != QStyle::SP_CustomBase) {
+      auto* picture = new QLabel(this);
+      const int size = this->style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+      picture->setPixmap(this->style()->standardIcon(icon, nullptr, this).pixmap(size, size));
+      picture->setAlignment(Qt::AlignTop);
+      body->addWidget(picture);
+    }
+    auto* label = new QLabel(Shown(text), this);
+    label->setObjectName("MessageText");
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(false);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    body->addWidget(label, 1);
+    root->addLayout(body);
+    buttons_ = new QHBoxLayout;
+    buttons_->addStretch();
+    root->addLayout(buttons_);
+    root->setSizeConstraint(QLayout::SetFixedSize);
+  }
 
- protected:
-  void showEvent(QShowEvent* event) override {
-    QMessageBox::showEvent(event);
-    if (auto* label = findChild<QLabel*>("qt_msgbox_label"); label && label->wordWrap()) {
-      label->setWordWrap(false);
-      setFixedSize(layout()->totalSizeHint().expandedTo(size()));
+  void AddButton(const char* caption, Answer answer, bool is_default) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), this);
+    button->setDefault(is_default);
+    button->setAutoDefault(true);
+    if (is_default) button->setFocus();
+    connect(button, &QPushButton::clicked, this, [this, answer] {
+      answer_ = answer;
+      accept();
+    });
+    buttons_->addWidget(button);
+  }
+  std::optional<Answer> answer() const { return answer_; }
+
+ private:
+  static QStyle::StandardPixmap IconOf(int style) {
+    switch (mb::IconOf(style)) {
+      case mb::kCritical:
+        return QStyle::SP_MessageBoxCritical;
+      case mb::kQuestion:
+        return QStyle::SP_MessageBoxQuestion;
+      case mb::kExclamation:
+        return QStyle::SP_MessageBoxWarning;
+      case mb::kInformation:
+        return QStyle::SP_MessageBoxInformation;
+      default:
+        return QStyle::SP_CustomBase;
     }
   }
+
+  QHBoxLayout* buttons_;
+  std::optional<Answer> answer_;
 };
 
 }  // namespace
 
 Answer QtDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
-  WholeLineMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(WindowTitle(title));
-  box.setText(Shown(text));
-  switch (mb::IconOf(style)) {
-    case mb::kCritical:
-      box.setIcon(QMessageBox::Critical);
-      break;
-    case mb::kQuestion:
-      box.setIcon(QMessageBox::Question);
-      break;
-    case mb::kExclamation:
-      box.setIcon(QMessageBox::Warning);
-      break;
-    case mb::kInformation:
-      box.setIcon(QMessageBox::Information);
-      break;
-    default:
-      box.setIcon(QMessageBox::NoIcon);
-  }
-  std::vector<std::pair<QPushButton*, Answer>> buttons;
-  auto add = [&](const char* caption, QMessageBox::ButtonRole role, Answer answer) {
-    buttons.emplace_back(box.addButton(QString::fromLatin1(caption), role), answer);
+  MessageBox box(text, style, title);
+  struct Choice {
+    const char* caption;
+    Answer answer;
   };
+  std::vector<Choice> choices;
   switch (mb::ButtonsOf(style)) {
     case mb::kOkCancel:
-      add("OK", QMessageBox::AcceptRole, Answer::kOk);
-      add("Cancel", QMessageBox::RejectRole, Answer::kCancel);
+      choices = {{"OK", Answer::kOk}, {"Cancel", Answer::kCancel}};
       break;
     case mb::kAbortRetryIgnore:
-      add("&Abort", QMessageBox::RejectRole, Answer::kAbort);
-      add("&Retry", QMessageBox::AcceptRole, Answer::kRetry);
-      add("&Ignore", QMessageBox::AcceptRole, Answer::kIgnore);
+      choices = {
+          {"&Abort", Answer::kAbort}, {"&Retry", Answer::kRetry}, {"&Ignore", Answer::kIgnore}};
       break;
     case mb::kYesNoCancel:
-      add("&Yes", QMessageBox::YesRole, Answer::kYes);
-      add("&No", QMessageBox::NoRole, Answer::kNo);
-      add("Cancel", QMessageBox::RejectRole, Answer::kCancel);
+      choices = {{"&Yes", Answer::kYes}, {"&No", Answer::kNo}, {"Cancel", Answer::kCancel}};
       break;
     case mb::kYesNo:
-      add("&Yes", QMessageBox::YesRole, Answer::kYes);
-      add("&No", QMessageBox::NoRole, Answer::kNo);
+      choices = {{"&Yes", Answer::kYes}, {"&No", Answer::kNo}};
       break;
     case mb::kRetryCancel:
-      add("&Retry", QMessageBox::AcceptRole, Answer::kRetry);
-      add("Cancel", QMessageBox::RejectRole, Answer::kCancel);
+      choices = {{"&Retry", Answer::kRetry}, {"Cancel", Answer::kCancel}};
       break;
     default:
-      add("OK", QMessageBox::AcceptRole, Answer::kOk);
+      choices = {{"OK", Answer::kOk}};
   }
-  size_t default_index = mb::DefaultOf(style) / 256;
-  if (default_index < buttons.size()) box.setDefaultButton(buttons[default_index].first);
+  const size_t default_index = mb::DefaultOf(style) / 256;
+  for (size_t i = 0; i < choices.size(); ++i) {
+    box.AddButton(choices[i].caption, choices[i].answer, i == default_index);
+  }
   box.exec();
-  for (const auto& [button, answer] : buttons) {
-    if (box.clickedButton() == button) return answer;
-  }
+  if (box.answer()) return *box.answer();
   // Closed by Escape or the close box: the answer of the cancel button.
   switch (mb::ButtonsOf(style)) {
     case mb::kYesNo:

@@ -20,7 +20,11 @@ constexpr const char* kDemoTitle = "Project Example";
 
 void Activate(Session& session, StartForm& main) {
   Dialogs& dialogs = *session.dialogs;
-  const std::string root = JoinPath(session.ws.SystemPath, "ZELMOPROJ");
+  // The example lies in the program tree, or, where a user's first start
+  // copied it out of a tree he cannot write, in his data folder.
+  const std::string& data = session.ws.LocalPath;
+  const std::string root =
+      FolderExists(JoinPath(data, "Example")) ? data : JoinPath(session.ws.SystemPath, "ZELMOPROJ");
   if (!FileCanOpen(JoinPath(root, kProjectsFile))) {
     dialogs.MsgBox("No demo project found", mb::kInformation, kDemoTitle);
     return;

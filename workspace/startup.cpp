@@ -13,6 +13,7 @@
 #include "core/form_helpers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "workspace/project_store.h"
 #include "workspace/start_form.h"
 #include "workspace/sysinit.h"
 
@@ -95,6 +96,27 @@ void AdoptInstallLocation(Session& session, StartForm& main, const std::string& 
   DeleteFile(marker);
 }
 
+// A user's first start where no marker adopts the tree, as for a program
+// installed in a folder the user cannot write: with no data folder stored
+// for this user, the data folder is made under the home folder with a copy
+// of the tree's example project, and both paths are stored as Settings would
+// store them.
+void AdoptUserDataFolder(Session& session, StartForm& main, const std::string& directory) {
+  if (!session.settings->Get(kSettingsApplication, kSettingsSection, kKeyLocalPath, "").empty()) {
+    return;
+  }
+  const std::string example = JoinPath(directory, "ZELMOPROJ");
+  if (!FileCanOpen(JoinPath(example, kProjectsFile))) return;
+  const std::string data = DefaultLocalPath();
+  if (!FolderExists(data) && !CopyFolderTree(example, data)) return;
+  SysInit settings(session, main);
+  settings.SysPath.text = directory;
+  settings.LocalPath.text = data;
+  settings.Combo1.list_index = 0;
+  settings.Combo1.text = kAccuracyTimestep;
+  settings.Save();
+}
+
 }  // namespace
 
 void StartUp(Session& session, StartForm& main, const std::string& given_program_path) {
@@ -111,6 +133,7 @@ void StartUp(Session& session, StartForm& main, const std::string& given_program
   ws.ProgramDirectory = StripTrailingSeparator(ParentFolder(program_path));
   ws.HelpFile = MainHelpFile(ws);
   AdoptInstallLocation(session, main, program_path);
+  AdoptUserDataFolder(session, main, ws.ProgramDirectory);
 
   main.SetTitle("");
   main.LblVersion.visible = false;
