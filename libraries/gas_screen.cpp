@@ -73,7 +73,7 @@ void Addgas::Cancel() {
 Gases::Gases(Session& session) : Form("Gases"), session_(session) {
   caption = "Gas types";
   width = 12500;
-  height = 5600;
+  height = 4300;
   help_context = kGasesHelp;
   Label1.caption = "Gases";
   Grid1.SetCols(kGasFields);

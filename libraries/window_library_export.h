@@ -14,6 +14,8 @@ struct GasTable;
 struct WindowTable;
 
 inline constexpr const char* kWindowLibraryFile = "Wndw.Lib";
+// What a run of the modules says when the library refuses a window type.
+inline constexpr const char* kWindowLibraryFault = "Some error in window library ";
 
 // The lines of Wndw.Lib for the three tables. `library_ok` turns false when
 // a window type with a name has 0 panes; the lines go on to the end all the

@@ -30,6 +30,11 @@ int IndexOf(const Control& combo, const std::string& item) {
   return -1;
 }
 
+// A list item: the number with the mask "0#", "| ", the name.
+std::string ListItem(int number, const std::string& name) {
+  return (number < 10 ? "0" : "") + std::to_string(number) + "| " + name;
+}
+
 void MoveCells(Grid& grid, int from, int to, std::initializer_list<int> cols) {
   for (int col : cols) grid.Cell(to, col) = grid.Cell(from, col);
 }
@@ -145,7 +150,7 @@ void Wind_Types::Load() {
   for (int row = 1; row <= kMaxWindowTypes; ++row) {
     const std::string& name = table_.Cell(row, 1);
     if (name.empty()) continue;
-    List1.AddItem((row < 10 ? "0" : "") + std::to_string(row) + "| " + name);
+    List1.AddItem(ListItem(row, name));
   }
   ClearType();
   if (List1.items.empty()) return;
@@ -229,6 +234,7 @@ void Wind_Types::TypeChosen() {
   // The properties are asked for at each choice and never stored.
   const auto results = RequestWindowProperties(ws, *properties, NumberOf(index));
   if (!results) return;
+  // The masks "###0.00" and "###0.000".
   UValue.text = FormatDecimals(results->u, 2);
   GVAlue.text = FormatDecimals(results->g, 3);
   Tsol.text = FormatDecimals(results->tsol, 3);
@@ -260,7 +266,7 @@ void Wind_Types::NewType() {
   while (!table_.Cell(number, 1).empty()) ++number;
   table_.Cell(number, 1) = name;
   StoreType();
-  List1.AddItem((number < 10 ? "0" : "") + std::to_string(number) + "| " + name);
+  List1.AddItem(ListItem(number, name));
   List1.list_index = static_cast<int>(List1.items.size()) - 1;
   ShowType(List1.list_index);
 }
