@@ -97,6 +97,7 @@ Glass_types::Glass_types(Session& session) : Form("Glass_types"), session_(sessi
   Grid1.SetCols(4);
   Grid1.SetRows(kMaxAngles + 1);
   Grid1.col_widths = {900, 1000, 900, 900};
+  Grid1.row = Grid1.row_sel = 1;
   const char* headings[] = {"Angle", "Transm. %", "Refl.f. %", "Refl.b. %"};
   for (int col = 0; col < 4; ++col) Grid1.Cell(0, col) = headings[col];
   Command4.caption = "A&dd";

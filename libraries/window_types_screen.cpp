@@ -107,6 +107,7 @@ Wind_Types::Wind_Types(Session& session)
   Grid1.SetCols(5);
   Grid1.SetRows(kGridRows + 1);
   Grid1.col_widths = {600, 1700, 1300, 700, 900};
+  Grid1.row = Grid1.row_sel = 1;
   const char* headings[] = {"Pane", "Glass", "Gas", "Gap", "Reversed"};
   for (int col = 0; col < 5; ++col) Grid1.Cell(0, col) = headings[col];
   Command6.caption = "A&dd";
@@ -263,7 +264,7 @@ void Wind_Types::NewType() {
   }
   // The first free number; other types keep theirs.
   int number = 1;
-  while (!table_.Cell(number, 1).empty()) ++number;
+  while (number < kMaxWindowTypes && !table_.Cell(number, 1).empty()) ++number;
   table_.Cell(number, 1) = name;
   StoreType();
   List1.AddItem(ListItem(number, name));
