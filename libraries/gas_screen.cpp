@@ -34,7 +34,10 @@ Addgas::Addgas(Session& session) : Form("Addgas"), session_(session) {
   default_button = "OK";
   cancel_button = "Command2";
   for (TextBox* box : Inputs()) {
-    box->on_got_focus = [box] { box->SelectAll(); };
+    box->on_got_focus = [box] {
+      box->SelectAll();
+      box->SetFocus();
+    };
     // The number test reads at most eleven characters.
     if (box != &namegas) box->max_length = 11;
   }

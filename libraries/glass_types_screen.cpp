@@ -33,7 +33,10 @@ AddAngle::AddAngle(Session& session) : Form("AddAngle"), session_(session) {
   default_button = "Command1";
   cancel_button = "Command2";
   for (TextBox* box : {&transm, &Absf, &Absb}) {
-    box->on_got_focus = [box] { box->SelectAll(); };
+    box->on_got_focus = [box] {
+      box->SelectAll();
+      box->SetFocus();
+    };
   }
   Command1.on_click = [this] { Ok(); };
   Command2.on_click = [this] { Cancel(); };
@@ -123,7 +126,10 @@ Glass_types::Glass_types(Session& session) : Form("Glass_types"), session_(sessi
   Command8.on_click = [this] { Cancel(); };
   Command9.on_click = [this] { ShowScreenHelp(session_, kGlassTypesHelp); };
   for (TextBox* box : {&text1, &Text2, &Text3, &Text4, &Text5}) {
-    box->on_got_focus = [box] { box->SelectAll(); };
+    box->on_got_focus = [box] {
+      box->SelectAll();
+      box->SetFocus();
+    };
   }
 }
 
