@@ -49,8 +49,6 @@ TEST(GlassTypes, EachDataTypeShowsItsOwnInputs) {
   s.GlassChosen();
   EXPECT_EQ(s.Label15.caption, "Fresnel glass");
   EXPECT_EQ(s.Text3.text + s.Text4.text + s.Text5.text, "41.52625");
-  EXPECT_EQ(s.Label8.caption + s.Label9.caption + s.Label10.caption,
-            "thickness :refraction :extinction :");
   EXPECT_TRUE(!s.Grid1.visible && !s.Command4.visible && s.Text5.visible);
   s.List1.list_index = 5;  // HardLowE4mm
   s.GlassChosen();
@@ -255,24 +253,6 @@ TEST(AddAngle, EachValueWithinAPercentThenTheSums) {
       EXPECT_EQ(box.focus, "transm");
     }
   }
-}
-
-TEST(AddGlass, NameAndTwoPercents) {
-  LibraryCase c(false);
-  AddGlass box(c.fake.session);
-  EXPECT_EQ(box.caption, "Add Glass");
-  box.Text2.text = "101";
-  box.Text3.text = "-1";
-  box.Ok();
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "Name must be set\rTransmittance must be a value ( 0 -  100)\r"
-            "Reflectance must be a value ( 0 -  100)\r");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  box.Text1.text = "Clear";
-  box.Text2.text = "100";
-  box.Text3.text = "0";
-  box.Ok();
-  EXPECT_TRUE(box.accepted);
 }
 
 }  // namespace

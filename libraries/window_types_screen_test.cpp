@@ -120,16 +120,6 @@ TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   EXPECT_TRUE(s.unloaded);
 }
 
-TEST(WindowTypes, WithoutTheCalculationThePropertiesStayEmpty) {
-  LibraryCase c;
-  Wind_Types s(c.fake.session);
-  s.Load();
-  s.TypeChosen();
-  EXPECT_EQ(s.UValue.text + s.GVAlue.text + s.Tsol.text, "");
-  EXPECT_TRUE(testing::Exists(c.Path("Wndw.Lib")));
-  EXPECT_TRUE(c.fake.dialogs.messages.empty());
-}
-
 TEST(WindowTypes, PanesMoveAsTheGridSays) {
   LibraryCase c;
   std::vector<std::string> seen;

