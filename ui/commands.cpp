@@ -6,6 +6,9 @@
 #include "building/force_vent_screen.h"
 #include "building/genpars.h"
 #include "building/surface_screen.h"
+#include "libraries/gas_screen.h"
+#include "libraries/glass_types_screen.h"
+#include "libraries/window_types_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -41,6 +44,22 @@ void WireCommands(StartForm& main) {
   main.M_CopyCase.on_click = [&main] { RunCopyCase(main); };
   main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
   main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
+  // Library
+  main.M_Glass_Types.on_click = [&main] {
+    Glass_types screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_Gases.on_click = [&main] {
+    Gases screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  // Both window entries open the window types.
+  for (MenuItem* item : {&main.M_Windows_9701, &main.M_Window_types}) {
+    item->on_click = [&main] {
+      Wind_Types screen(main.session());
+      main.session().dialogs->ShowModal(screen);
+    };
+  }
   // Model
   main.M_Surface.on_click = [&main] {
     Surface screen(main.session());

@@ -45,6 +45,12 @@ void RegisterAllViews() {
   RegisterView("CopyCase", BuildCopyCase);
   RegisterView("RenCase", BuildRenCase);
   RegisterView("DelCase", BuildDelCase);
+  RegisterView("Glass_types", BuildGlassTypes);
+  RegisterView("AddAngle", BuildAddAngle);
+  RegisterView("Gases", BuildGases);
+  RegisterView("Addgas", BuildAddgas);
+  RegisterView("Wind_Types", BuildWindTypes);
+  RegisterView("AddGaGl", BuildAddGaGl);
 }
 
 }  // namespace zelmo::ui

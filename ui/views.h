@@ -47,5 +47,11 @@ void BuildOpenCase(Form& form, QDialog& dialog, Session& session);
 void BuildCopyCase(Form& form, QDialog& dialog, Session& session);
 void BuildRenCase(Form& form, QDialog& dialog, Session& session);
 void BuildDelCase(Form& form, QDialog& dialog, Session& session);
+void BuildGlassTypes(Form& form, QDialog& dialog, Session& session);
+void BuildAddAngle(Form& form, QDialog& dialog, Session& session);
+void BuildGases(Form& form, QDialog& dialog, Session& session);
+void BuildAddgas(Form& form, QDialog& dialog, Session& session);
+void BuildWindTypes(Form& form, QDialog& dialog, Session& session);
+void BuildAddGaGl(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
