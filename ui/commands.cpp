@@ -6,6 +6,8 @@
 #include "building/force_vent_screen.h"
 #include "building/genpars.h"
 #include "building/surface_screen.h"
+#include "libraries/opaque_screen.h"
+#include "libraries/walls_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -41,6 +43,16 @@ void WireCommands(StartForm& main) {
   main.M_CopyCase.on_click = [&main] { RunCopyCase(main); };
   main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
   main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
+  // Library
+  main.M_OpaqueMaterial.on_click = [&main] {
+    OpaqueMtrl screen(main.session());
+    screen.Tag.clear();
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_Wall.on_click = [&main] {
+    Walls screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   // Model
   main.M_Surface.on_click = [&main] {
     Surface screen(main.session());

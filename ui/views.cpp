@@ -45,6 +45,9 @@ void RegisterAllViews() {
   RegisterView("CopyCase", BuildCopyCase);
   RegisterView("RenCase", BuildRenCase);
   RegisterView("DelCase", BuildDelCase);
+  RegisterView("OpaqueMtrl", BuildOpaqueMtrl);
+  RegisterView("AddOpaque", BuildAddOpaque);
+  RegisterView("Walls", BuildWalls);
 }
 
 }  // namespace zelmo::ui

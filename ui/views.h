@@ -47,5 +47,8 @@ void BuildOpenCase(Form& form, QDialog& dialog, Session& session);
 void BuildCopyCase(Form& form, QDialog& dialog, Session& session);
 void BuildRenCase(Form& form, QDialog& dialog, Session& session);
 void BuildDelCase(Form& form, QDialog& dialog, Session& session);
+void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session& session);
+void BuildAddOpaque(Form& form, QDialog& dialog, Session& session);
+void BuildWalls(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
