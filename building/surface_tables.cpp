@@ -9,7 +9,6 @@
 #include "core/numbers.h"
 #include "core/session.h"
 #include "core/text_file.h"
-#include "libraries/window_types_lib.h"
 
 namespace zelmo {
 
@@ -215,13 +214,7 @@ void Surface::FillLibraryLists() {
   }
   M_Wall.AddItem("0  | Shading screen");
   AddLibraryRows(JoinPath(project, "WALLS.LIB"), {&M_Wall, &H_Wall});
-  const WindowTable windows = ReadWindowTypes(session_.ws);
-  for (int row = 1; row <= kMaxWindowTypes; ++row) {
-    if (windows.Cell(row, 1).empty()) continue;
-    for (ComboBox* list : {&M_Wind, &H_Wind}) {
-      list->AddItem(NumberedRow(std::to_string(row), windows.Cell(row, 1)));
-    }
-  }
+  AddLibraryRows(JoinPath(project, "WNDTP.LIB"), {&M_Wind, &H_Wind});
   AddLibraryRows(JoinPath(project, "MOVEINS.LIB"), {&M_MovIns, &H_MovIns});
 }
 

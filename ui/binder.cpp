@@ -164,6 +164,14 @@ void Binder::Connect(Control* control, QObject* object) {
       control->text = crlf;
       fire(control->on_change);
     });
+  } else if (auto* clicked = qobject_cast<QListWidget*>(widget);
+             clicked && clicked->property(kClickOnRelease).toBool()) {
+    connect(clicked, &QListWidget::itemClicked, this,
+            [this, control, clicked, fire](QListWidgetItem* item) {
+              if (syncing_) return;
+              control->list_index = clicked->row(item);
+              fire(control->on_click);
+            });
   } else if (auto* list = qobject_cast<QListWidget*>(widget)) {
     connect(list, &QListWidget::currentRowChanged, this, [this, control, list, fire](int row) {
       if (syncing_) return;

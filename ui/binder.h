@@ -18,6 +18,12 @@ class Dialogs;
 
 namespace zelmo::ui {
 
+// A list whose widget carries this property as true fires its click only on
+// the release of the mouse over an item, each time, and never on a move of
+// the selection by the keys: each click there does something (as a material
+// clicked in the wall screen's list becomes a layer).
+inline constexpr const char* kClickOnRelease = "zelmoClickOnRelease";
+
 class Binder : public QObject {
  public:
   // Binds every control of `form` to the child of `root` that has its name.

@@ -9,6 +9,8 @@
 #include "libraries/gas_screen.h"
 #include "libraries/glass_types_screen.h"
 #include "libraries/window_types_screen.h"
+#include "libraries/opaque_screen.h"
+#include "libraries/walls_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -60,6 +62,15 @@ void WireCommands(StartForm& main) {
       main.session().dialogs->ShowModal(screen);
     };
   }
+  main.M_OpaqueMaterial.on_click = [&main] {
+    OpaqueMtrl screen(main.session());
+    screen.Tag.clear();
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_Wall.on_click = [&main] {
+    Walls screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   // Model
   main.M_Surface.on_click = [&main] {
     Surface screen(main.session());

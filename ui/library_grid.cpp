@@ -1,9 +1,7 @@
 #include "ui/library_grid.h"
 
-#include <QFontMetrics>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <algorithm>
 
 #include "ui/qt_text.h"
 
@@ -20,14 +18,8 @@ QTableWidget* LibraryGrid(QDialog& dialog, Grid& grid) {
   table->verticalHeader()->setDefaultSectionSize(Px(285));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  const QFontMetrics metrics(table->font());
-  int width = 0;
-  for (int col = 0; col < static_cast<int>(grid.col_widths.size()); ++col) {
-    const int heading = metrics.horizontalAdvance(Q(grid.Cell(0, col))) + 12;
-    grid.col_widths[col] = std::max(grid.col_widths[col], Twips(heading));
-    width += Px(grid.col_widths[col]);
-  }
-  table->setFixedWidth(width + 4);
+  // As wide as its columns, which the binder widens to show a heading whole.
+  table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
   table->setFixedHeight(grid.rows() * Px(285) + 4);
   return table;
 }

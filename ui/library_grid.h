@@ -1,7 +1,5 @@
 // The grids of the library screens: the header line is the grid's own first
-// row, whole rows are selected, and the table is as wide as its columns. A
-// column narrower than its heading in the screens' font is widened to show
-// it whole.
+// row, whole rows are selected, and the table is as wide as its columns.
 #pragma once
 
 #include <QDialog>

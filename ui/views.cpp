@@ -51,6 +51,9 @@ void RegisterAllViews() {
   RegisterView("Addgas", BuildAddgas);
   RegisterView("Wind_Types", BuildWindTypes);
   RegisterView("AddGaGl", BuildAddGaGl);
+  RegisterView("OpaqueMtrl", BuildOpaqueMtrl);
+  RegisterView("AddOpaque", BuildAddOpaque);
+  RegisterView("Walls", BuildWalls);
 }
 
 }  // namespace zelmo::ui

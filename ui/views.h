@@ -53,5 +53,8 @@ void BuildGases(Form& form, QDialog& dialog, Session& session);
 void BuildAddgas(Form& form, QDialog& dialog, Session& session);
 void BuildWindTypes(Form& form, QDialog& dialog, Session& session);
 void BuildAddGaGl(Form& form, QDialog& dialog, Session& session);
+void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session& session);
+void BuildAddOpaque(Form& form, QDialog& dialog, Session& session);
+void BuildWalls(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui

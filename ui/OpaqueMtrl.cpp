@@ -1,0 +1,74 @@
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "libraries/opaque_screen.h"
+#include "ui/qt_text.h"
+#include "ui/view_parts.h"
+#include "ui/views.h"
+
+namespace zelmo::ui {
+
+namespace {
+
+constexpr int kRowHeight = 285;
+
+}  // namespace
+
+void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<OpaqueMtrl&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  AddCaption(dialog, layout, screen.Label1);
+  auto* table = Named<QTableWidget>(&dialog, screen.OpaqueList);
+  // The header line is the grid's own first row.
+  table->horizontalHeader()->hide();
+  table->verticalHeader()->hide();
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table->verticalHeader()->setDefaultSectionSize(Px(kRowHeight));
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  int width = 0;
+  for (int w : screen.OpaqueList.col_widths) width += Px(w);
+  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
+  table->setFixedHeight(16 * Px(kRowHeight) + 4);
+  layout->addWidget(table);
+  layout->addStretch();
+  AddButtons(dialog, layout,
+             {&screen.Command1, &screen.Command2, &screen.Command3, &screen.Command4,
+              &screen.Command5, &screen.Command6});
+}
+
+void BuildAddOpaque(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<AddOpaque&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* caption = Named<QLabel>(&dialog, screen.Label5);
+  caption->setTextFormat(Qt::PlainText);
+  layout->addWidget(caption);
+  auto* grid = new QGridLayout;
+  const Control* rows[][2] = {{&screen.Label1, &screen.Mtrl},
+                              {&screen.Label2, &screen.Conduct},
+                              {&screen.Label3, &screen.Heat},
+                              {&screen.Label4, &screen.Density}};
+  int at = 0;
+  for (const auto& row : rows) {
+    auto* label = Named<QLabel>(&dialog, *row[0]);
+    label->setTextFormat(Qt::PlainText);
+    auto* edit = Named<QLineEdit>(&dialog, *row[1]);
+    edit->setFixedWidth(Px(at == 0 ? 3000 : 1200));
+    label->setBuddy(edit);
+    grid->addWidget(label, at, 0);
+    grid->addWidget(edit, at, 1, Qt::AlignLeft);
+    ++at;
+  }
+  layout->addLayout(grid);
+  layout->addStretch();
+  AddButtons(dialog, layout, {&screen.Command1, &screen.Command2, &screen.Command3});
+}
+
+}  // namespace zelmo::ui
