@@ -6,6 +6,9 @@
 #include "building/force_vent_screen.h"
 #include "building/genpars.h"
 #include "building/surface_screen.h"
+#include "libraries/misched_screen.h"
+#include "libraries/moveins_screen.h"
+#include "libraries/output_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -41,6 +44,11 @@ void WireCommands(StartForm& main) {
   main.M_CopyCase.on_click = [&main] { RunCopyCase(main); };
   main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
   main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
+  // Library
+  main.M_MovableInsulation.on_click = [&main] {
+    MoveIns screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   // Model
   main.M_Surface.on_click = [&main] {
     Surface screen(main.session());
@@ -56,12 +64,21 @@ void WireCommands(StartForm& main) {
     GenPars screen(main.session());
     main.session().dialogs->ShowModal(screen);
   };
+  main.M_MISchedule.on_click = [&main] {
+    MISched screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
   main.M_ForcedVent.on_click = [&main] {
     ForceVent screen(main.session());
     main.session().dialogs->ShowModal(screen);
   };
   main.M_FluidAdvConn.on_click = [&main] {
     FluidAdv screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  // Simulation
+  main.M_Output.on_click = [&main] {
+    Out_put screen(main.session());
     main.session().dialogs->ShowModal(screen);
   };
   // Results

@@ -45,6 +45,10 @@ void RegisterAllViews() {
   RegisterView("CopyCase", BuildCopyCase);
   RegisterView("RenCase", BuildRenCase);
   RegisterView("DelCase", BuildDelCase);
+  RegisterView("MoveIns", BuildMoveIns);
+  RegisterView("AddMoveIns", BuildAddMoveIns);
+  RegisterView("MISched", BuildMISched);
+  RegisterView("Out_put", BuildOut_put);
 }
 
 }  // namespace zelmo::ui

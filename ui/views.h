@@ -47,5 +47,9 @@ void BuildOpenCase(Form& form, QDialog& dialog, Session& session);
 void BuildCopyCase(Form& form, QDialog& dialog, Session& session);
 void BuildRenCase(Form& form, QDialog& dialog, Session& session);
 void BuildDelCase(Form& form, QDialog& dialog, Session& session);
+void BuildMoveIns(Form& form, QDialog& dialog, Session& session);
+void BuildAddMoveIns(Form& form, QDialog& dialog, Session& session);
+void BuildMISched(Form& form, QDialog& dialog, Session& session);
+void BuildOut_put(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
