@@ -17,15 +17,19 @@ std::string Lib(const std::vector<int>& types) {
   return bytes;
 }
 
-// AddMoveIns, as the user fills it in and presses OK.
-void Fill(LibraryCase& c, const std::vector<std::string>& values, bool ok = true) {
-  c.fake.dialogs.screens["AddMoveIns"] = [values, ok](Form& form) {
+// AddMoveIns as the user finds it (number, title, name) and fills it in, then
+// OK; `shown` gets what it showed and where the focus went after OK.
+void Fill(LibraryCase& c, const std::vector<std::string>& values, std::string& shown) {
+  c.fake.dialogs.screens["AddMoveIns"] = [values, &shown](Form& form) {
     auto& add = static_cast<AddMoveIns&>(form);
+    shown = add.Label4.caption + "|" + form.caption + "|" + add.NAmeMI.text;
     add.NAmeMI.text = values[0];
     add.Solar.text = values[1];
     add.Absorp.text = values[2];
     add.RValue.text = values[3];
-    if (ok) add.Ok();
+    form.focus.clear();
+    add.Ok();
+    if (!form.unloaded) shown = form.focus;
   };
 }
 
@@ -48,20 +52,16 @@ TEST(MoveIns, ANewCurtainTakesTheLowestFreeNumberInItsPlace) {
     MoveIns screen(c.fake.session);
     screen.Load();
     std::string shown;
-    Fill(c, {" Drape ", "30", "40", "0.25"});
-    auto fill = c.fake.dialogs.screens["AddMoveIns"];
-    c.fake.dialogs.screens["AddMoveIns"] = [&](Form& form) {
-      shown = static_cast<AddMoveIns&>(form).Label4.caption + "|" + form.caption;
-      fill(form);
-    };
+    Fill(c, {" Drape ", "30", "40", "0.25"}, shown);
     screen.Add();
     const std::string added = std::to_string(row.added);
-    EXPECT_EQ(shown, "Type: " + added + "|Add Moveable Insulation");
+    EXPECT_EQ(shown, "Type: " + added + "|Add Moveable Insulation|");
     EXPECT_EQ(screen.MoveInsList.Cell(screen.MoveInsList.row, 0), added);
     screen.Ok();
     std::string expected;
-    for (int t : row.after)
+    for (int t : row.after) {
       expected += t == row.added ? added + "\tDrape\t30\t40\t0.25\r\n" : Lib({t});
+    }
     EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), expected) << added;
     EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
   }
@@ -88,27 +88,15 @@ TEST(MoveIns, EachRuleOfAddMoveInsAtItsBounds) {
     LibraryCase c;
     MoveIns screen(c.fake.session);
     screen.Load();
-    std::string focus;
-    Fill(c, row.values, false);
-    auto fill = c.fake.dialogs.screens["AddMoveIns"];
-    c.fake.dialogs.screens["AddMoveIns"] = [&](Form& form) {
-      fill(form);
-      form.focus.clear();
-      static_cast<AddMoveIns&>(form).Ok();
-      focus = form.focus;
-      EXPECT_EQ(form.unloaded, row.message.empty());
-    };
+    std::string shown;
+    Fill(c, row.values, shown);
     screen.Add();
     EXPECT_EQ(screen.CurtainCount(), row.message.empty() ? 1 : 0);
-    if (row.message.empty()) {
-      EXPECT_TRUE(c.fake.dialogs.messages.empty());
-      continue;
-    }
-    ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
     EXPECT_EQ(c.fake.dialogs.Last().text, row.message);
-    EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-    EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
-    EXPECT_EQ(focus, row.focus);
+    EXPECT_EQ(c.fake.dialogs.Last().title, row.message.empty() ? "" : "MESSAGE");
+    if (!row.message.empty()) {
+      EXPECT_EQ(shown, row.focus);
+    }
   }
 }
 
@@ -132,16 +120,10 @@ TEST(MoveIns, OnlyACurtainOnAWindowIsKeptFromDeletion) {
   EXPECT_EQ(screen.MoveInsList.row, 1);
 
   // Edit keeps the number; Cancel asks, and No leaves the file alone.
-  std::string label;
-  Fill(c, {"Blind", "0", "90", "2"});
-  auto fill = c.fake.dialogs.screens["AddMoveIns"];
-  c.fake.dialogs.screens["AddMoveIns"] = [&](Form& form) {
-    label = static_cast<AddMoveIns&>(form).Label4.caption + "|" + form.caption + "|" +
-            static_cast<AddMoveIns&>(form).NAmeMI.text;
-    fill(form);
-  };
+  std::string shown;
+  Fill(c, {"Blind", "0", "90", "2"}, shown);
   screen.Edit();
-  EXPECT_EQ(label, "MI-no: 2|Edit Moveable Insulation|C2");
+  EXPECT_EQ(shown, "MI-no: 2|Edit Moveable Insulation|C2");
   c.fake.dialogs.answers = {Answer::kNo};
   screen.Cancel();
   EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to save changes ?\r\rMovable insulations");
@@ -149,18 +131,11 @@ TEST(MoveIns, OnlyACurtainOnAWindowIsKeptFromDeletion) {
   EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), Lib({1, 2, 3}));
   screen.Ok();
   EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), "2\tBlind\t0\t90\t2\r\n");
-}
-
-TEST(MoveIns, TheEmptyLibraryHasNoFile) {
-  LibraryCase c;
-  WriteBytes(c.dir / "MOVEINS.LIB", Lib({1}));
-  MoveIns screen(c.fake.session);
-  screen.Load();
+  // The last curtain gone, the library has no file.
+  c.Elements({});
   screen.Delete();
   EXPECT_EQ(screen.MoveInsList.rows(), 2);
-  EXPECT_EQ(screen.MoveInsList.Cell(1, 0), "");
-  EXPECT_FALSE(screen.Command3D2.enabled);
-  EXPECT_FALSE(screen.Command3D4.enabled);
+  EXPECT_FALSE(screen.Command3D2.enabled || screen.Command3D4.enabled);
   EXPECT_TRUE(screen.Command3D1.enabled);
   screen.Ok();
   EXPECT_FALSE(testing::Exists(c.dir / "MOVEINS.LIB"));
