@@ -1,19 +1,17 @@
 #include "simulation/launchers.h"
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "building/surface_file.h"
 #include "building/volumes.h"
 #include "core/dialogs.h"
-#include "core/fields.h"
 #include "core/file_system.h"
-#include "core/numbers.h"
 #include "core/ports.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "libraries/output_spec.h"
 #include "simulation/module_error.h"
 #include "simulation/modules.h"
 
@@ -89,16 +87,14 @@ void ShowUsersManual(Session& session) {
 }
 
 bool ComfortVolumeChosen(const Workspace& ws) {
-  auto lines = ReadAllLines(JoinPath(ws.CasePath, "OUTPUT.INP"));
-  if (!lines) return false;
+  std::optional<OutputSpec> spec = ReadOutputSpec(ws);
+  if (!spec) return false;
   // The output specification counts only the rows of volumes the elements
   // still name; a row left from a volume that is gone chooses nothing.
   std::vector<std::string> volumes = BuildVolumeList(ReadSurfaceVolumes(ws));
-  // Rows of volumes start on line 4; the eighth cell is the comfort choice.
-  for (size_t i = 3; i < lines->size(); ++i) {
-    std::vector<std::string> cells = SplitTabs((*lines)[i]);
-    if (cells.size() < 8 || std::fabs(Val(TrimBlanks(cells[7]))) == 0) continue;
-    if (std::find(volumes.begin(), volumes.end(), TrimBlanks(cells[0])) != volumes.end()) {
+  for (const auto& row : spec->rows) {
+    if (IsFlagOn(row.flags[kComfortFlag]) &&
+        std::find(volumes.begin(), volumes.end(), row.volume) != volumes.end()) {
       return true;
     }
   }

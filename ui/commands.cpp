@@ -1,6 +1,7 @@
 #include "ui/commands.h"
 
 #include <QCoreApplication>
+#include <functional>
 
 #include "building/fluid_adv_screen.h"
 #include "building/force_vent_screen.h"
@@ -8,9 +9,12 @@
 #include "building/surface_screen.h"
 #include "libraries/gas_screen.h"
 #include "libraries/glass_types_screen.h"
-#include "libraries/window_types_screen.h"
+#include "libraries/misched_screen.h"
+#include "libraries/moveins_screen.h"
 #include "libraries/opaque_screen.h"
+#include "libraries/output_screen.h"
 #include "libraries/walls_screen.h"
+#include "libraries/window_types_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -21,6 +25,19 @@
 
 namespace zelmo::ui {
 
+namespace {
+
+// A command that shows a screen of the session modally.
+template <class Screen>
+std::function<void()> Opens(StartForm& main) {
+  return [&main] {
+    Screen screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+}
+
+}  // namespace
+
 void WireCommands(StartForm& main) {
   // The main window's own commands.
   main.M_EditSystemFile.on_click = [&main] { main.OpenSettings(); };
@@ -29,10 +46,7 @@ void WireCommands(StartForm& main) {
   main.M_Support.on_click = [&main] { main.ShowSupport(); };
   main.M_MainForm.on_click = [&main] { main.ShowHelpTopic(12100); };
   // File
-  main.M_Copyclimaticdatafiles.on_click = [&main] {
-    MoveClimaticFiles screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
+  main.M_Copyclimaticdatafiles.on_click = Opens<MoveClimaticFiles>(main);
   main.M_ActivetaDemo.on_click = [&main] { ActivateDemoProject(main.session(), main); };
   // Project
   main.M_NewProject.on_click = [&main] { RunNewProject(main); };
@@ -47,30 +61,19 @@ void WireCommands(StartForm& main) {
   main.M_DeleteCase.on_click = [&main] { RunDeleteCase(main); };
   main.M_RenameCase.on_click = [&main] { RunRenameCase(main); };
   // Library
-  main.M_Glass_Types.on_click = [&main] {
-    Glass_types screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
-  main.M_Gases.on_click = [&main] {
-    Gases screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
+  main.M_Glass_Types.on_click = Opens<Glass_types>(main);
+  main.M_Gases.on_click = Opens<Gases>(main);
   // Both window entries open the window types.
   for (MenuItem* item : {&main.M_Windows_9701, &main.M_Window_types}) {
-    item->on_click = [&main] {
-      Wind_Types screen(main.session());
-      main.session().dialogs->ShowModal(screen);
-    };
+    item->on_click = Opens<Wind_Types>(main);
   }
   main.M_OpaqueMaterial.on_click = [&main] {
     OpaqueMtrl screen(main.session());
     screen.Tag.clear();
     main.session().dialogs->ShowModal(screen);
   };
-  main.M_Wall.on_click = [&main] {
-    Walls screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
+  main.M_Wall.on_click = Opens<Walls>(main);
+  main.M_MovableInsulation.on_click = Opens<MoveIns>(main);
   // Model
   main.M_Surface.on_click = [&main] {
     Surface screen(main.session());
@@ -78,22 +81,13 @@ void WireCommands(StartForm& main) {
     screen.end_program = [] { QCoreApplication::exit(1); };
     main.session().dialogs->ShowModal(screen);
   };
-  main.M_Site.on_click = [&main] {
-    Site screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
-  main.M_GeneralParameters.on_click = [&main] {
-    GenPars screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
-  main.M_ForcedVent.on_click = [&main] {
-    ForceVent screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
-  main.M_FluidAdvConn.on_click = [&main] {
-    FluidAdv screen(main.session());
-    main.session().dialogs->ShowModal(screen);
-  };
+  main.M_Site.on_click = Opens<Site>(main);
+  main.M_GeneralParameters.on_click = Opens<GenPars>(main);
+  main.M_MISchedule.on_click = Opens<MISched>(main);
+  main.M_ForcedVent.on_click = Opens<ForceVent>(main);
+  main.M_FluidAdvConn.on_click = Opens<FluidAdv>(main);
+  // Simulation
+  main.M_Output.on_click = Opens<Out_put>(main);
   // Results
   main.M_Textfiles.on_click = [&main] {
     Results results(main.session());

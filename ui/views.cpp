@@ -54,6 +54,10 @@ void RegisterAllViews() {
   RegisterView("OpaqueMtrl", BuildOpaqueMtrl);
   RegisterView("AddOpaque", BuildAddOpaque);
   RegisterView("Walls", BuildWalls);
+  RegisterView("MoveIns", BuildMoveIns);
+  RegisterView("AddMoveIns", BuildAddMoveIns);
+  RegisterView("MISched", BuildMISched);
+  RegisterView("Out_put", BuildOut_put);
 }
 
 }  // namespace zelmo::ui

@@ -56,5 +56,9 @@ void BuildAddGaGl(Form& form, QDialog& dialog, Session& session);
 void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session& session);
 void BuildAddOpaque(Form& form, QDialog& dialog, Session& session);
 void BuildWalls(Form& form, QDialog& dialog, Session& session);
+void BuildMoveIns(Form& form, QDialog& dialog, Session& session);
+void BuildAddMoveIns(Form& form, QDialog& dialog, Session& session);
+void BuildMISched(Form& form, QDialog& dialog, Session& session);
+void BuildOut_put(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include "core/guard.h"
+#include "libraries/curtain_test_case.h"
+#include "libraries/moveins_screen.h"
+
+namespace zelmo {
+namespace {
+
+using testing::CurtainCase;
+using testing::ReadBytes;
+using testing::WriteBytes;
+
+std::string Lib(const std::vector<int>& types) {
+  std::string bytes;
+  for (int t : types) bytes += std::to_string(t) + "\tC" + std::to_string(t) + "\t10\t20\t.5\r\n";
+  return bytes;
+}
+
+// AddMoveIns as the user finds it (number, title, name) and fills it in, then
+// OK; `shown` gets what it showed and where the focus went after OK.
+void Fill(CurtainCase& c, const std::vector<std::string>& values, std::string& shown) {
+  c.fake.dialogs.screens["AddMoveIns"] = [values, &shown](Form& form) {
+    auto& add = static_cast<AddMoveIns&>(form);
+    shown = add.Label4.caption + "|" + form.caption + "|" + add.NAmeMI.text;
+    add.NAmeMI.text = values[0];
+    add.Solar.text = values[1];
+    add.Absorp.text = values[2];
+    add.RValue.text = values[3];
+    form.focus.clear();
+    add.Ok();
+    if (!form.unloaded) shown = form.focus;
+  };
+}
+
+TEST(MoveIns, ANewCurtainTakesTheLowestFreeNumberInItsPlace) {
+  struct Row {
+    std::vector<int> before;
+    int added;
+    std::vector<int> after;
+  } const rows[] = {
+      {{}, 1, {1}},
+      {{1, 2, 4}, 3, {1, 2, 3, 4}},
+      {{2, 3}, 1, {1, 2, 3}},
+      {{1, 2, 3}, 4, {1, 2, 3, 4}},
+      // Types compare as text while a gap is filled: 5 goes behind 10.
+      {{1, 2, 3, 4, 6, 7, 8, 9, 10}, 5, {1, 2, 3, 4, 6, 7, 8, 9, 10, 5}},
+  };
+  for (const auto& row : rows) {
+    CurtainCase c;
+    if (!row.before.empty()) WriteBytes(c.dir / "MOVEINS.LIB", Lib(row.before));
+    MoveIns screen(c.fake.session);
+    screen.Load();
+    std::string shown;
+    Fill(c, {" Drape ", "30", "40", "0.25"}, shown);
+    screen.Add();
+    const std::string added = std::to_string(row.added);
+    EXPECT_EQ(shown, "Type: " + added + "|Add Moveable Insulation|");
+    EXPECT_EQ(screen.MoveInsList.Cell(screen.MoveInsList.row, 0), added);
+    screen.Ok();
+    std::string expected;
+    for (int t : row.after) {
+      expected += t == row.added ? added + "\tDrape\t30\t40\t0.25\r\n" : Lib({t});
+    }
+    EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), expected) << added;
+    EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
+  }
+}
+
+TEST(MoveIns, EachRuleOfAddMoveInsAtItsBounds) {
+  struct Row {
+    std::vector<std::string> values;
+    std::string message;
+    std::string focus;
+  } const rows[] = {
+      {{"N", "0", "100", "1000000"}, "", ""},
+      {{"N", "100", "0", ".001"}, "", ""},
+      {{"", "-0.1", "100.1", "0"},
+       "Transmittance must be a value ( 0 -  100)\rAbsorptions must be a value ( 0 -  100)\r"
+       "R-value must be a value (>  0 -  1000000)\rName is missing\r",
+       "Solar"},
+      {{"N", "5%", "1", "1"}, "Transmittance must be a value ( 0 -  100)\r", "Solar"},
+      {{"N", "1", "1e2", "1"}, "Absorptions must be a value ( 0 -  100)\r", "Absorp"},
+      {{"N", "1", "1", "1000001"}, "R-value must be a value (>  0 -  1000000)\r", "RValue"},
+      {{"  ", "1", "1", "1"}, "Name is missing\r", "NAmeMI"},
+  };
+  for (const auto& row : rows) {
+    CurtainCase c;
+    MoveIns screen(c.fake.session);
+    screen.Load();
+    std::string shown;
+    Fill(c, row.values, shown);
+    screen.Add();
+    EXPECT_EQ(screen.CurtainCount(), row.message.empty() ? 1 : 0);
+    EXPECT_EQ(c.fake.dialogs.Last().text, row.message);
+    EXPECT_EQ(c.fake.dialogs.Last().title, row.message.empty() ? "" : "MESSAGE");
+    if (!row.message.empty()) {
+      EXPECT_EQ(shown, row.focus);
+    }
+  }
+}
+
+TEST(MoveIns, OnlyACurtainOnAWindowIsKeptFromDeletion) {
+  CurtainCase c;
+  WriteBytes(c.dir / "MOVEINS.LIB", Lib({1, 2, 3}));
+  // Curtain 2 hangs on a main window; 3 lies on a hole without a window.
+  c.Elements({{{20, "1"}, {21, "2"}, {27, ""}, {28, "3"}}});
+  MoveIns screen(c.fake.session);
+  screen.Load();
+  for (int row : {2, 3, 1}) {
+    screen.MoveInsList.row = row;
+    screen.Delete();
+  }
+  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "The MI is referenced in a surface and can not be deleted ");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "");
+  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
+  EXPECT_EQ(screen.CurtainCount(), 1);
+  EXPECT_EQ(screen.MoveInsList.row, 1);
+
+  // Edit keeps the number; Cancel asks, and No leaves the file alone.
+  std::string shown;
+  Fill(c, {"Blind", "0", "90", "2"}, shown);
+  screen.Edit();
+  EXPECT_EQ(shown, "MI-no: 2|Edit Moveable Insulation|C2");
+  c.fake.dialogs.answers = {Answer::kNo};
+  screen.Cancel();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to save changes ?\r\rMovable insulations");
+  EXPECT_TRUE(screen.unloaded);
+  EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), Lib({1, 2, 3}));
+  screen.Ok();
+  EXPECT_EQ(ReadBytes(c.dir / "MOVEINS.LIB"), "2\tBlind\t0\t90\t2\r\n");
+  // The last curtain gone, the library has no file.
+  c.Elements({});
+  screen.Delete();
+  EXPECT_EQ(screen.MoveInsList.rows(), 2);
+  EXPECT_FALSE(screen.Command3D2.enabled || screen.Command3D4.enabled);
+  EXPECT_TRUE(screen.Command3D1.enabled);
+  screen.Ok();
+  EXPECT_FALSE(testing::Exists(c.dir / "MOVEINS.LIB"));
+}
+
+TEST(MoveIns, SeventySixCurtainsFillTheLibrary) {
+  CurtainCase c;
+  std::vector<int> full;
+  for (int t = 1; t <= 76; ++t) full.push_back(t);
+  WriteBytes(c.dir / "MOVEINS.LIB", "\r\n" + Lib(full));
+  MoveIns screen(c.fake.session);
+  screen.Load();
+  EXPECT_EQ(screen.CurtainCount(), 76);
+  EXPECT_FALSE(screen.Command3D1.enabled);
+  // One more is a damaged library, named with its line.
+  WriteBytes(c.dir / "MOVEINS.LIB", Lib(full) + "77\tX\t1\t1\t1\r\n");
+  MoveIns more(c.fake.session);
+  EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&more] { more.Load(); }));
+  EXPECT_NE(c.fake.dialogs.Last().text.find("MOVEINS.LIB, line 77"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zelmo
