@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/fields.h"
+#include "core/file_system.h"
 #include "core/form_helpers.h"
 #include "core/numbers.h"
 #include "core/stale.h"
@@ -92,6 +93,25 @@ bool WriteSurfaces(const Workspace& ws, const SurfaceTable& table) {
   if (!WriteAllLines(SurfacePath(ws), lines)) return false;
   MarkModulesStale(ws, ws.CasePath, kAllModules);
   return true;
+}
+
+bool AnyElementOfProject(const Workspace& ws,
+                         const std::function<bool(const std::vector<std::string>&)>& uses) {
+  auto cases = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
+  if (!cases) return false;
+  for (const auto& line : *cases) {
+    const std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
+    // A damaged line never reaches a folder outside the project.
+    if (!IsPlainFolderName(name)) continue;
+    Workspace in_case = ws;
+    in_case.CasePath = JoinPath(ws.ProjectPath, name);
+    SurfaceTable table;
+    ReadSurfaces(in_case, table);
+    for (int slot = 1; slot <= table.SurfCount; ++slot) {
+      if (!table.SurfName[slot].empty() && uses(table.SurfData[slot])) return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace zelmo

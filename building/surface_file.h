@@ -2,6 +2,7 @@
 // name, then 29 field lines of a TAB and the field's text).
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,14 @@ struct SurfaceVolumes {
 // block, an element beyond 100, or a volume code outside -1 to 8 throws
 // FileError naming the line.
 SurfaceVolumes ReadSurfaceVolumes(const Workspace& ws);
+
+// True when `uses` holds for the 29 fields (numbered from 1) of an element of
+// any case of the current project, as CASES.LIB lists them: the test of a
+// library before one of its rows is deleted. A case without SURFACE.INP has
+// no elements; a register line that names no folder of the project is passed
+// over; a damaged SURFACE.INP throws FileError.
+bool AnyElementOfProject(const Workspace& ws,
+                         const std::function<bool(const std::vector<std::string>&)>& uses);
 
 // Rewrites SURFACE.INP (gaps closed, names and fields trimmed) and marks all
 // six modules of the case stale. False when the file could not be written.

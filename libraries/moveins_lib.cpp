@@ -52,27 +52,12 @@ bool WriteMoveInsLib(const Workspace& ws, const std::vector<CurtainRecord>& curt
 }
 
 bool CurtainReferenced(const Workspace& ws, const std::string& number) {
-  auto cases = ReadAllLines(CasesFilePath(ws));
-  if (!cases) return false;
-  for (const auto& line : *cases) {
-    std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
-    // A damaged line never reaches a folder outside the project.
-    if (!IsPlainFolderName(name)) continue;
-    Workspace one_case = ws;
-    one_case.CasePath = JoinPath(ws.ProjectPath, name);
-    SurfaceTable table;
-    ReadSurfaces(one_case, table);
-    for (int slot = 1; slot <= table.SurfCount; ++slot) {
-      if (table.SurfName[slot].empty()) continue;
-      const auto& fields = table.SurfData[slot];
-      for (const auto& [window, curtain] : kWindowFields) {
-        if (!TrimBlanks(fields[window]).empty() && TrimBlanks(fields[curtain]) == number) {
-          return true;
-        }
-      }
+  return AnyElementOfProject(ws, [&number](const std::vector<std::string>& fields) {
+    for (const auto& [window, curtain] : kWindowFields) {
+      if (!TrimBlanks(fields[window]).empty() && TrimBlanks(fields[curtain]) == number) return true;
     }
-  }
-  return false;
+    return false;
+  });
 }
 
 }  // namespace zelmo

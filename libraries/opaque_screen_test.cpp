@@ -7,8 +7,8 @@
 namespace zelmo {
 namespace {
 
-using testing::WallCase;
 using testing::Materials;
+using testing::WallCase;
 
 // The screen over a library, with the editor answered by `fields` (name,
 // conduct, heat, density) and what it showed kept in `shown`.

@@ -5,8 +5,8 @@
 
 #include "building/surface_file.h"
 #include "core/text_file.h"
-#include "libraries/wall_test_case.h"
 #include "libraries/opaque_lib.h"
+#include "libraries/wall_test_case.h"
 #include "libraries/walls_lib.h"
 
 namespace zelmo {

@@ -119,26 +119,10 @@ bool MaterialInWalls(const WallsLib& lib, const std::string& type) {
 }
 
 bool WallReferenced(const Workspace& ws, int number) {
-  auto cases = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
-  if (!cases) return false;
-  for (const auto& line : *cases) {
-    const std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
-    // A damaged line never reaches a folder outside the project.
-    if (!IsPlainFolderName(name)) continue;
-    Workspace in_case = ws;
-    in_case.CasePath = JoinPath(ws.ProjectPath, name);
-    if (!FileCanOpen(JoinPath(in_case.CasePath, kSurfaceFile))) continue;
-    SurfaceTable table;
-    ReadSurfaces(in_case, table);
-    for (int slot = 1; slot <= table.SurfCount; ++slot) {
-      if (table.SurfName[slot].empty()) continue;
-      // Field 15 is the main construction, field 22 the hole's.
-      for (int field : {15, 22}) {
-        if (Val(table.SurfData[slot][field]) == number) return true;
-      }
-    }
-  }
-  return false;
+  return AnyElementOfProject(ws, [number](const std::vector<std::string>& fields) {
+    // Field 15 is the main construction, field 22 the hole's.
+    return Val(fields[15]) == number || Val(fields[22]) == number;
+  });
 }
 
 std::string CheckThickness(const std::string& text) {

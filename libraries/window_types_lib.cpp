@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "building/surface_file.h"
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/numbers.h"
@@ -19,25 +20,6 @@ int IndexIn(const TextReader& reader, const std::string& text, int low, int high
   const double value = std::nearbyint(Val(text));
   if (!(value >= low && value <= high)) reader.Fail("Subscript out of range");
   return static_cast<int>(value);
-}
-
-// The SURFACE.INP lines behind an element's name that hold its main window
-// and the window in its hole.
-constexpr int kMainWindowLine = 20;
-constexpr int kHoleWindowLine = 27;
-
-bool ElementsUseWindow(const std::string& path, int number) {
-  TextReader reader(path);
-  while (!reader.AtEnd()) {
-    const std::string name = reader.ReadTrimmedLine();
-    if (name.empty() || name[0] == '\t') continue;
-    std::string line;
-    for (int i = 0; i < kMainWindowLine; ++i) line = reader.ReadTrimmedLine();
-    if (Val(FieldAfter(line, kTab)) == number) return true;
-    for (int i = kMainWindowLine; i < kHoleWindowLine; ++i) line = reader.ReadTrimmedLine();
-    if (Val(FieldAfter(line, kTab)) == number) return true;
-  }
-  return false;
 }
 
 }  // namespace
@@ -113,16 +95,10 @@ bool GasIsReferenced(const Workspace& ws, const std::string& gas) {
 }
 
 bool WindowIsReferenced(const Workspace& ws, int number) {
-  auto cases = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
-  if (!cases) return false;
-  for (const auto& line : *cases) {
-    const std::string name = TrimBlanks(FieldBefore(TrimBlanks(line), " -"));
-    // A damaged line never reaches a folder outside the project.
-    if (!IsPlainFolderName(name)) continue;
-    const std::string path = JoinPath(JoinPath(ws.ProjectPath, name), "SURFACE.INP");
-    if (FileCanOpen(path) && ElementsUseWindow(path, number)) return true;
-  }
-  return false;
+  return AnyElementOfProject(ws, [number](const std::vector<std::string>& fields) {
+    // Field 20 is the main window type, field 27 the hole's.
+    return Val(fields[20]) == number || Val(fields[27]) == number;
+  });
 }
 
 Faults PaneFaults(const std::string& gap, const std::string& gas, const std::string& glass,
