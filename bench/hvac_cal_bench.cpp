@@ -1,0 +1,99 @@
+// The schedules of the largest case the limits allow (4 schedules x 8 volumes
+// x 5 periods, every cell set): reading HVAC_Cal.Inp, checking every hourly
+// table as the screen checks its grid, and writing the file must together
+// stay well under the blink of an eye.
+#include <benchmark/benchmark.h>
+
+#include "core/controls.h"
+#include "core/testing/fakes.h"
+#include "core/workspace.h"
+#include "schedules/calendar_rules.h"
+#include "schedules/hvac_cal_file.h"
+
+namespace {
+
+using namespace zelmo;
+
+struct LargestCase {
+  LargestCase() {
+    ws.CasePath = dir.path();
+    store.VolumeCount = kMaxVolumes;
+    store.ScheduleCount = kMaxSchedules;
+    store.CurrentSchedule = 1;
+    const char* loads[] = {"2000", "21", "3000", "26", "450", "12.5", "12.5", "20"};
+    for (int s = 1; s <= kMaxSchedules; ++s) {
+      store.ScheduleName(s) = "Schedule" + std::to_string(s);
+      for (int v = 1; v <= kMaxVolumes; ++v) {
+        int type = v % 2 ? kDaily : kMonthly;
+        store.PeriodType(s, v) = static_cast<int16_t>(type);
+        store.PeriodCount(s, v, type) = kMaxPeriods;
+        for (int p = 1; p <= kMaxPeriods; ++p) {
+          int slot = PeriodSlot(type, p);
+          store.PeriodDates(s, v, slot, 1) = type == kDaily ? "1/" + std::to_string(p) : "1";
+          store.PeriodDates(s, v, slot, 2) = type == kDaily ? "28/" + std::to_string(p) : "2";
+          for (int h = 1; h <= kHours; ++h) {
+            for (int c = 1; c <= kHourColumns; ++c) {
+              store.HourCell(s, v, slot, h, c) = c <= kLoadColumns ? loads[c - 1] : "100";
+            }
+          }
+        }
+      }
+    }
+    WriteHvacCal(ws, store);
+  }
+  testing::TempDir dir;
+  Workspace ws;
+  ScheduleStore store;
+};
+
+// Every period of the store through the loads grid and its check, as the
+// screen shows and checks them one after the other.
+bool CheckEveryPeriod(const ScheduleStore& store, Grid& grid) {
+  bool ok = true;
+  for (int s = 1; s <= kMaxSchedules; ++s) {
+    for (int v = 1; v <= kMaxVolumes; ++v) {
+      int type = store.PeriodType(s, v);
+      for (int p = 1; p <= store.PeriodCount(s, v, type); ++p) {
+        int slot = PeriodSlot(type, p);
+        for (int h = 1; h <= kHours; ++h) {
+          for (int c = 1; c <= kLoadColumns; ++c)
+            grid.Cell(h, c) = store.HourCell(s, v, slot, h, c);
+        }
+        ok = !CheckCells(grid, CellMode::kLoads) && ok;
+      }
+    }
+  }
+  return ok;
+}
+
+void BM_ReadCheckWriteLargestStore(benchmark::State& state) {
+  LargestCase c;
+  Form form("HVAC");
+  Grid grid(&form, "HVACGRID1");
+  grid.SetCols(kLoadColumns + 1);
+  grid.SetRows(kHours + 1);
+  ScheduleStore store;
+  for (auto _ : state) {
+    ReadHvacCal(c.ws, kMaxVolumes, store);
+    if (!CheckEveryPeriod(store, grid)) state.SkipWithError("a cell was refused");
+    if (!WriteHvacCal(c.ws, store)) state.SkipWithError("not written");
+  }
+}
+BENCHMARK(BM_ReadCheckWriteLargestStore)->Unit(benchmark::kMillisecond);
+
+void BM_ReadLargestStore(benchmark::State& state) {
+  LargestCase c;
+  ScheduleStore store;
+  for (auto _ : state) ReadHvacCal(c.ws, kMaxVolumes, store);
+}
+BENCHMARK(BM_ReadLargestStore)->Unit(benchmark::kMillisecond);
+
+void BM_WriteLargestStore(benchmark::State& state) {
+  LargestCase c;
+  for (auto _ : state) benchmark::DoNotOptimize(WriteHvacCal(c.ws, c.store));
+}
+BENCHMARK(BM_WriteLargestStore)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,107 @@
+#include "schedules/hvac_delivery.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/fields.h"
+#include "core/numbers.h"
+#include "core/text_file.h"
+#include "schedules/calendar_rules.h"
+#include "schedules/hvac_cal_file.h"
+
+namespace zelmo {
+
+namespace {
+
+// "d/m" as the two fields day and month.
+std::string DayAndMonth(const std::string& date) {
+  std::string text = TrimBlanks(date);
+  std::replace(text.begin(), text.end(), '/', '\t');
+  return text;
+}
+
+std::string MonthDates(const std::string& start_month, const std::string& end_month, int year) {
+  std::string start = TrimBlanks(start_month), end = TrimBlanks(end_month);
+  double month = std::nearbyint(Val(end));
+  int last = month >= 1 && month <= 12 ? LastDayOfMonth(static_cast<int>(month), year) : 0;
+  return std::string("01") + kTab + start + kTab + std::to_string(last) + kTab + end;
+}
+
+std::string Delivered(const std::string& cell, int column) {
+  std::string text = TrimBlanks(cell);
+  return text.empty() ? DeliveredBlank(column) : text;
+}
+
+void AppendPeriod(std::vector<std::string>& lines, const ScheduleStore& store, int schedule,
+                  int volume, int slot, std::string dates) {
+  lines.push_back(std::move(dates));
+  lines.push_back(std::to_string(kHours));
+  const int volumes = std::min(store.VolumeCount, kMaxVolumes);
+  for (int hour = 1; hour <= kHours; ++hour) {
+    std::string line = std::to_string(hour) + kTab + std::to_string(hour) + kTab;
+    for (int column = 1; column <= kLoadColumns; ++column) {
+      line += Delivered(store.HourCell(schedule, volume, slot, hour, column), column) + kTab;
+    }
+    // The modules take the openings of all 28 pairs of eight volumes.
+    for (int a = 1; a < kMaxVolumes; ++a) {
+      for (int b = a + 1; b <= kMaxVolumes; ++b) {
+        int column = PairColumn(a, b, volumes);
+        bool held = b <= volumes;
+        line += Delivered(held ? store.HourCell(schedule, volume, slot, hour, column) : "",
+                          kLoadColumns + 1);
+        line += a == kMaxVolumes - 1 ? "\t" : "\t\t";
+      }
+    }
+    lines.push_back(std::move(line));
+  }
+}
+
+}  // namespace
+
+const char* DeliveredBlank(int column) {
+  switch (column) {
+    case 1:
+    case 3:
+    case 4:
+      return kReservedField;
+    case 2:
+      return "-1E+20";
+    default:
+      return "0";
+  }
+}
+
+std::vector<std::string> HvacDeliveryLines(const ScheduleStore& store, int year) {
+  const int schedule = std::clamp(store.CurrentSchedule, 1, kMaxSchedules);
+  std::vector<std::string> lines;
+  lines.push_back(NumText(store.UseInternalLoadFile ? 1 : 0) + kTab +
+                  NumText(store.HasHeatExchanger ? 1 : 0) + kTab +
+                  NumText(Val(store.HeatExchangerEfficiency)) + kTab +
+                  NumText(store.HasHeatExchanger && store.HasBypass ? 1 : 0) + kTab);
+  lines.push_back(TrimBlanks(store.InternalLoadFile));
+  lines.push_back(store.ScheduleName(schedule));
+  for (int volume = 1; volume <= std::min(store.VolumeCount, kMaxVolumes); ++volume) {
+    const int type = store.PeriodType(schedule, volume);
+    lines.push_back(NumText(type == kMonthly ? kDaily : type) + kTab + kReservedField + kTab +
+                    kReservedField);
+    if (type == kWeekendWeekday) {
+      lines.push_back(NumText(kDayKinds));
+      AppendPeriod(lines, store, schedule, volume, kWeekendSlot, "1\t1\t30\t6");
+      AppendPeriod(lines, store, schedule, volume, kWeekdaySlot, "1\t7\t31\t12");
+      continue;
+    }
+    const int count = store.PeriodCount(schedule, volume, type);
+    lines.push_back(NumText(count));
+    for (int period = 1; period <= count; ++period) {
+      const int slot = PeriodSlot(type, period);
+      const std::string& start = store.PeriodDates(schedule, volume, slot, 1);
+      const std::string& end = store.PeriodDates(schedule, volume, slot, 2);
+      AppendPeriod(lines, store, schedule, volume, slot,
+                   type == kMonthly ? MonthDates(start, end, year)
+                                    : DayAndMonth(start) + kTab + DayAndMonth(end));
+    }
+  }
+  return lines;
+}
+
+}  // namespace zelmo

@@ -1,0 +1,92 @@
+#include "schedules/schedule_store.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace zelmo {
+
+namespace {
+
+constexpr int kPairsOfStore = kMaxSchedules * kMaxVolumes;
+constexpr size_t kCellsOfPeriod = static_cast<size_t>(kHours) * kHourColumns;
+const std::string kNeverSet = " ";
+
+}  // namespace
+
+int PeriodSlot(int type, int period) {
+  if (type == kWeekendWeekday) return kWeekendSlot - 1 + period;
+  if (type == kDaily) return period;
+  return kWeekdaySlot + period;
+}
+
+int PairCount(int volume_count) { return volume_count * (volume_count - 1) / 2; }
+
+int PairColumn(int a, int b, int volume_count) {
+  int number = 0;
+  for (int first = 1; first < a; ++first) number += volume_count - first;
+  return kLoadColumns + number + (b - a);
+}
+
+ScheduleStore::ScheduleStore()
+    : types_(kPairsOfStore),
+      counts_(kPairsOfStore * 3),
+      dates_(kPairsOfStore * kPeriodSlots * 2),
+      tables_(kPairsOfStore * kPeriodSlots) {
+  names_.fill(" ");
+}
+
+void ScheduleStore::ClearSchedules() {
+  names_.fill(" ");
+  std::fill(types_.begin(), types_.end(), 0);
+  std::fill(counts_.begin(), counts_.end(), 0);
+  for (auto& date : dates_) date.clear();
+  for (auto& table : tables_) table.clear();
+  ScheduleCount = 0;
+  CurrentSchedule = 0;
+}
+
+int ScheduleStore::Check(int index, int high, int low) {
+  // The tables are the design's limits: an index outside them is a fault of
+  // the program, never of a file, whose readers refuse such numbers first.
+  if (index < low || index > high) throw std::out_of_range("Subscript out of range");
+  return index;
+}
+
+int ScheduleStore::Pair(int schedule, int volume) {
+  return (Check(schedule, kMaxSchedules) - 1) * kMaxVolumes + Check(volume, kMaxVolumes) - 1;
+}
+
+int ScheduleStore::Slot(int schedule, int volume, int slot) {
+  return Pair(schedule, volume) * kPeriodSlots + Check(slot, kPeriodSlots) - 1;
+}
+
+size_t ScheduleStore::CellIndex(int hour, int column) {
+  return static_cast<size_t>(Check(hour, kHours) - 1) * kHourColumns +
+         static_cast<size_t>(Check(column, kHourColumns) - 1);
+}
+
+std::string& ScheduleStore::HourCell(int schedule, int volume, int slot, int hour, int column) {
+  size_t index = CellIndex(hour, column);
+  return PeriodCells(schedule, volume, slot)[index];
+}
+
+std::vector<std::string>& ScheduleStore::PeriodCells(int schedule, int volume, int slot) {
+  auto& table = tables_[Slot(schedule, volume, slot)];
+  if (table.empty()) table.assign(kCellsOfPeriod, kNeverSet);
+  return table;
+}
+
+const std::vector<std::string>* ScheduleStore::PeriodCells(int schedule, int volume,
+                                                           int slot) const {
+  const auto& table = tables_[Slot(schedule, volume, slot)];
+  return table.empty() ? nullptr : &table;
+}
+
+const std::string& ScheduleStore::HourCell(int schedule, int volume, int slot, int hour,
+                                           int column) const {
+  size_t index = CellIndex(hour, column);
+  const auto& table = tables_[Slot(schedule, volume, slot)];
+  return table.empty() ? kNeverSet : table[index];
+}
+
+}  // namespace zelmo
