@@ -195,7 +195,7 @@ void Gases::Ok() {
   }
   const Workspace& ws = session_.ws;
   if (!WriteGasTypes(ws, table)) {
-    throw FileError(JoinPath(ws.ProjectPath, kGasTypesFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.ProjectPath, kGasTypesFile));
   }
   // The gaps of window types in every case are filled with these gases.
   MarkModulesStale(ws, "ALL", kAllModules);

@@ -395,7 +395,7 @@ void Glass_types::Ok() {
   if (current_ >= 0) StoreGlass(current_);
   const Workspace& ws = session_.ws;
   if (!WriteGlassTypes(ws, table_)) {
-    throw FileError(JoinPath(ws.ProjectPath, kGlassTypesFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.ProjectPath, kGlassTypesFile));
   }
   // Window types of every case are built from these glasses.
   MarkModulesStale(ws, "ALL", kAllModules);

@@ -133,7 +133,7 @@ void MISched::CopyMonth() {
 void MISched::Save() {
   const Workspace& ws = session_.ws;
   if (!WriteMISched(ws, months_)) {
-    throw FileError(JoinPath(ws.CasePath, kMISchedFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kMISchedFile));
   }
   // The curtain schedule feeds the last two modules, as the site does.
   MarkModulesStale(ws, ws.CasePath, kSiteModules);

@@ -165,7 +165,7 @@ void MoveIns::Save() {
   }
   const Workspace& ws = session_.ws;
   if (!WriteMoveInsLib(ws, curtains)) {
-    throw FileError(JoinPath(ws.ProjectPath, kMoveInsFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.ProjectPath, kMoveInsFile));
   }
   // No module result depends on the library itself: the elements carry the
   // numbers, and the modules read the values at the next run.

@@ -242,7 +242,7 @@ OpaqueTable OpaqueMtrl::GridRows() {
 
 void OpaqueMtrl::Save() {
   if (!WriteOpaqueLib(session_.ws, GridRows())) {
-    throw FileError(OpaquePath(session_.ws), 0, "The file could not be written.");
+    FailWrite(OpaquePath(session_.ws));
   }
   // No module reads the materials but through the walls, whose save marks
   // the cases stale.

@@ -192,7 +192,7 @@ void Out_put::Save() {
   }
   const Workspace& ws = session_.ws;
   if (!WriteOutputSpec(ws, choice)) {
-    throw FileError(JoinPath(ws.CasePath, kOutputFile), 0, "The file could not be written.");
+    FailWrite(JoinPath(ws.CasePath, kOutputFile));
   }
   // What the modules report concerns the last module only.
   MarkModulesStale(ws, ws.CasePath, kSixthModule);

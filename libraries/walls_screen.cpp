@@ -454,7 +454,7 @@ void Walls::OpaqueMaterials() {
 void Walls::Save() {
   const Workspace& ws = session_.ws;
   if (!WriteWallsLib(ws, lib_)) {
-    throw FileError(WallsPath(ws), 0, "The file could not be written.");
+    FailWrite(WallsPath(ws));
   }
   // The constructions enter every module's input in every case.
   MarkModulesStale(ws, "ALL", kAllModules);

@@ -99,7 +99,7 @@ bool WriteWindowLibrary(const Workspace& ws, const GlassTable& glass, const GasT
   bool library_ok = true;
   const auto lines = WindowLibraryLines(glass, gas, windows, library_ok);
   const std::string path = JoinPath(ws.ProjectPath, kWindowLibraryFile);
-  if (!WriteAllLines(path, lines)) throw FileError(path, 0, "The file could not be written.");
+  if (!WriteAllLines(path, lines)) FailWrite(path);
   return library_ok;
 }
 

@@ -10,7 +10,7 @@ std::optional<WindowResults> RequestWindowProperties(const Workspace& ws,
                                                      WindowProperties& properties, int window) {
   const std::string exchange = JoinPath(ws.MainDirectory, kExchangeFile);
   if (!WriteAllLines(exchange, {JoinPath(ws.ProjectPath, "")})) {
-    throw FileError(exchange, 0, "The file could not be written.");
+    FailWrite(exchange);
   }
   // No file of the program is open while the routine runs.
   int32_t unit = 1;

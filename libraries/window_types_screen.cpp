@@ -214,8 +214,7 @@ void Wind_Types::StoreType() {
 void Wind_Types::SaveTypes() {
   const Workspace& ws = session_.ws;
   if (!WriteWindowTypes(ws, table_)) {
-    throw FileError(JoinPath(ws.ProjectPath, kWindowTypesFile), 0,
-                    "The file could not be written.");
+    FailWrite(JoinPath(ws.ProjectPath, kWindowTypesFile));
   }
   // Every case's windows are built from these types.
   MarkModulesStale(ws, "ALL", kAllModules);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "libraries/moveins_screen.h"
+#include "ui/library_grid.h"
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
@@ -18,19 +19,7 @@ namespace zelmo::ui {
 void BuildMoveIns(Form& form, QDialog& dialog, Session&) {
   auto& screen = static_cast<MoveIns&>(form);
   auto* layout = new QVBoxLayout(&dialog);
-  auto* table = Named<QTableWidget>(&dialog, screen.MoveInsList);
-  // The header line is the grid's own first row.
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->verticalHeader()->setDefaultSectionSize(Px(285));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  int width = 0;
-  for (int w : screen.MoveInsList.col_widths) width += Px(w);
-  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
-  table->setFixedHeight(16 * Px(285) + 4);
+  auto* table = LibraryGrid(dialog, screen.MoveInsList, 16);
   layout->addWidget(table);
   AddButtons(dialog, layout, {&screen.Command3D1, &screen.Command3D2, &screen.Command3D4});
   layout->addSpacing(Px(120));

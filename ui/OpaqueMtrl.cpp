@@ -8,35 +8,18 @@
 #include <QVBoxLayout>
 
 #include "libraries/opaque_screen.h"
+#include "ui/library_grid.h"
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
 
-namespace {
-
-constexpr int kRowHeight = 285;
-
-}  // namespace
-
 void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session&) {
   auto& screen = static_cast<OpaqueMtrl&>(form);
   auto* layout = new QVBoxLayout(&dialog);
   AddCaption(dialog, layout, screen.Label1);
-  auto* table = Named<QTableWidget>(&dialog, screen.OpaqueList);
-  // The header line is the grid's own first row.
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->verticalHeader()->setDefaultSectionSize(Px(kRowHeight));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  int width = 0;
-  for (int w : screen.OpaqueList.col_widths) width += Px(w);
-  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
-  table->setFixedHeight(16 * Px(kRowHeight) + 4);
+  auto* table = LibraryGrid(dialog, screen.OpaqueList, 16);
   layout->addWidget(table);
   layout->addStretch();
   AddButtons(dialog, layout,

@@ -13,6 +13,7 @@
 
 #include "libraries/walls_screen.h"
 #include "ui/binder.h"
+#include "ui/library_grid.h"
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
@@ -73,19 +74,7 @@ void BuildWalls(Form& form, QDialog& dialog, Session&) {
 
   auto* right = new QVBoxLayout;
   right->addWidget(Caption(&dialog, screen.Label2));
-  auto* table = Named<QTableWidget>(&dialog, screen.WallLayerList);
-  // The header line is the grid's own first row.
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->verticalHeader()->setDefaultSectionSize(Px(kRowHeight));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  int width = 0;
-  for (int w : screen.WallLayerList.col_widths) width += Px(w);
-  table->setFixedSize(width + table->verticalScrollBar()->sizeHint().width() + 4,
-                      kListRows * Px(kRowHeight) + 4);
+  auto* table = LibraryGrid(dialog, screen.WallLayerList, kListRows);
   right->addWidget(table);
   right->addLayout(ButtonRow(
       &dialog, {&screen.Command3D2, &screen.Command3D3, &screen.Command3D5, &screen.Command3D9}));

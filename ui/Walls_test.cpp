@@ -8,8 +8,8 @@
 #include <QTest>
 #include <memory>
 
-#include "libraries/wall_test_case.h"
 #include "libraries/opaque_screen.h"
+#include "libraries/wall_test_case.h"
 #include "libraries/walls_screen.h"
 #include "ui/qt_dialogs.h"
 #include "ui/qt_text.h"

@@ -9,6 +9,7 @@
 
 namespace zelmo::ui {
 
-QTableWidget* LibraryGrid(QDialog& dialog, Grid& grid);
+// `visible_rows` rows are shown, the others scrolled to; 0 shows them all.
+QTableWidget* LibraryGrid(QDialog& dialog, Grid& grid, int visible_rows = 0);
 
 }  // namespace zelmo::ui
