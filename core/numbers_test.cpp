@@ -8,27 +8,18 @@ namespace zelmo {
 namespace {
 
 TEST(NumberRule, ReadsUpToTheFirstForeignCharacter) {
-  EXPECT_EQ(Val("12abc"), 12);
-  EXPECT_EQ(Val("abc"), 0);
-  EXPECT_EQ(Val(""), 0);
-  EXPECT_EQ(Val("  -3.5x"), -3.5);
-  EXPECT_EQ(Val("1,5"), 1);
-  EXPECT_EQ(Val(".5"), 0.5);
-  EXPECT_EQ(Val("1e3"), 1000);
-  EXPECT_EQ(Val("2E-2"), 0.02);
-  EXPECT_EQ(Val("7e"), 7);
+  const std::pair<const char*, double> cases[] = {{"12abc", 12},     {"abc", 0},     {"", 0},
+                                                  {"  -3.5x", -3.5}, {"1,5", 1},     {".5", 0.5},
+                                                  {"1e3", 1000},     {"2E-2", 0.02}, {"7e", 7}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
 }
 
 TEST(NumberToText, SignColumnForm) {
-  EXPECT_EQ(NumText(0.01), " .01");
-  EXPECT_EQ(NumText(500), " 500");
-  EXPECT_EQ(NumText(-1), "-1");
-  EXPECT_EQ(NumText(-180), "-180");
-  EXPECT_EQ(NumText(999999), " 999999");
-  EXPECT_EQ(NumText(-0.5), "-.5");
-  EXPECT_EQ(NumText(0), " 0");
-  EXPECT_EQ(NumText(1.5), " 1.5");
-  EXPECT_EQ(NumText(12345678), " 1.234568E+07");
+  const std::pair<double, const char*> cases[] = {
+      {0.01, " .01"}, {500, " 500"},       {-1, "-1"},
+      {-180, "-180"}, {999999, " 999999"}, {-0.5, "-.5"},
+      {0, " 0"},      {1.5, " 1.5"},       {12345678, " 1.234568E+07"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(NumText(value), text) << value;
 }
 
 TEST(FormatFixed, MaskWidthAndPoint) {
@@ -49,9 +40,7 @@ TEST(FormatFixed, PointEvenWhereTheSystemWritesAComma) {
   if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8") && !std::setlocale(LC_NUMERIC, "sv_SE.UTF-8")) {
     GTEST_SKIP() << "no comma locale on this machine";
   }
-  EXPECT_EQ(FormatFixed("1,5", 2, 5), " 1.00");
-  EXPECT_EQ(FormatFixed("1.5", 2, 5), " 1.50");
-  EXPECT_EQ(NumText(0.25), " .25");
+  EXPECT_EQ(FormatFixed("1,5", 2, 5) + FormatFixed("1.5", 2, 5) + NumText(0.25), " 1.00 1.50 .25");
   EXPECT_EQ(Val("2.5"), 2.5);
   std::setlocale(LC_ALL, saved.c_str());
 }

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <fstream>
+#include <ostream>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -12,6 +13,10 @@
 namespace zelmo::testing {
 
 namespace fs = std::filesystem;
+
+void PrintTo(const ShownMessage& message, std::ostream* out) {
+  *out << "{\"" << message.text << "\", " << message.style << ", \"" << message.title << "\"}";
+}
 
 Answer FakeDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
   messages.push_back({text, style, title});
@@ -146,5 +151,44 @@ void WriteBytes(const std::string& path, const std::string& bytes) {
 }
 
 bool Exists(const std::string& path) { return fs::exists(ToFsPath(path)); }
+
+std::string FileErrorText(const std::function<void()>& operation) {
+  try {
+    operation();
+  } catch (const FileError& error) {
+    return error.UserText();
+  }
+  return "no error";
+}
+
+Strings Words(const std::string& text) {
+  Strings words;
+  std::istringstream in(text);
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+void Fill(Form& form, const Strings& settings) {
+  for (const std::string& setting : settings) {
+    const size_t at = setting.find_first_of("=#");
+    Control* control = form.Find(setting.substr(0, at));
+    if (at == std::string::npos || !control) throw std::invalid_argument("no control: " + setting);
+    if (setting[at] == '=') {
+      control->text = setting.substr(at + 1);
+    } else {
+      control->list_index = std::stoi(setting.substr(at + 1));
+    }
+  }
+}
+
+std::vector<std::string> GridRows(const Grid& grid) {
+  std::vector<std::string> rows;
+  for (int r = 0; r < grid.rows(); ++r) {
+    std::string row;
+    for (int c = 0; c < grid.cols(); ++c) row += (c ? "|" : "") + grid.Cell(r, c);
+    rows.push_back(row);
+  }
+  return rows;
+}
 
 }  // namespace zelmo::testing

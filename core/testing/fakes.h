@@ -5,22 +5,28 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "core/controls.h"
 #include "core/dialogs.h"
 #include "core/ports.h"
 #include "core/session.h"
 
 namespace zelmo::testing {
 
+using Strings = std::vector<std::string>;
+
 struct ShownMessage {
   std::string text;
   int style = 0;
   std::string title;
+  bool operator==(const ShownMessage&) const = default;
 };
+void PrintTo(const ShownMessage& message, std::ostream* out);
 
 class FakeDialogs : public Dialogs {
  public:
@@ -123,5 +129,19 @@ class TempDir {
 std::string ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, const std::string& bytes);
 bool Exists(const std::string& path);
+
+// What the user is told of the FileError an operation throws (the fault,
+// the file and the line), or "no error".
+std::string FileErrorText(const std::function<void()>& operation);
+
+// The words of a text, split at blanks: a long list of names on few lines.
+Strings Words(const std::string& text);
+
+// Fills a screen's controls as a user leaves them, without their events:
+// "Name=text" sets a text, "Name#3" a list index.
+void Fill(Form& form, const Strings& settings);
+
+// The cells of a grid, a string a row with its cells joined by "|".
+std::vector<std::string> GridRows(const Grid& grid);
 
 }  // namespace zelmo::testing
