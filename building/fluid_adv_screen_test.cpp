@@ -9,6 +9,9 @@ namespace zelmo {
 namespace {
 
 using testing::FluidsCase;
+using testing::GridRows;
+using testing::ShownMessage;
+using testing::Strings;
 
 void Type(FluidAdv& screen, const std::string& text) {
   for (char ch : text) {
@@ -19,22 +22,22 @@ void Type(FluidAdv& screen, const std::string& text) {
 
 void Press(FluidAdv& screen, int key) { screen.AdvConnKeyPress(key); }
 
-TEST(FluidAdvScreen, NoVolumesSaysSoAndCloses) {
-  FluidsCase c;
-  c.Elements({{"0", "0"}, {"-1", "0"}});
-  FluidAdv screen(c.fake.session);
-  screen.Load();
-  EXPECT_TRUE(screen.unloaded);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "There are no volumes");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
+// The current cell of a grid, "row,col".
+std::string At(const Grid& grid) {
+  return std::to_string(grid.row) + "," + std::to_string(grid.col);
+}
 
-  // A case without SURFACE.INP is an empty building.
-  FluidsCase empty;
-  FluidAdv none(empty.fake.session);
-  none.Load();
-  EXPECT_TRUE(none.unloaded);
-  EXPECT_EQ(empty.fake.dialogs.Last().text, "There are no volumes");
+TEST(FluidAdvScreen, NoVolumesSaysSoAndCloses) {
+  // No volume behind any element, and no SURFACE.INP at all.
+  for (bool file : {true, false}) {
+    FluidsCase c;
+    if (file) c.Elements({{"0", "0"}, {"-1", "0"}});
+    FluidAdv screen(c.fake.session);
+    screen.Load();
+    EXPECT_TRUE(screen.unloaded);
+    EXPECT_EQ(c.fake.dialogs.messages,
+              (std::vector<ShownMessage>{{"There are no volumes", mb::kOkOnly, "MESSAGE"}}));
+  }
 }
 
 TEST(FluidAdvScreen, ShowsAirWithoutAFileAndOneRowPerConnection) {
@@ -44,31 +47,12 @@ TEST(FluidAdvScreen, ShowsAirWithoutAFileAndOneRowPerConnection) {
   screen.Load();
   ASSERT_FALSE(screen.unloaded);
   EXPECT_TRUE(c.fake.dialogs.messages.empty());
-  EXPECT_EQ(screen.Label1.caption, "Fluids in volumes");
-  EXPECT_EQ(screen.Label2.caption, "Advection connection between volumes");
-
-  const Grid& fluids = screen.FluidList;
-  ASSERT_EQ(fluids.rows(), 4);
-  EXPECT_EQ(fluids.Cell(0, 0), "Volume");
-  EXPECT_EQ(fluids.Cell(0, 1), "Air");
-  EXPECT_EQ(fluids.Cell(0, 2), "(Water)");
-  EXPECT_EQ(fluids.Cell(0, 3), "(Rock)");
-  for (int row = 1; row <= 3; ++row) {
-    EXPECT_EQ(fluids.Cell(row, 0), std::to_string(row));
-    EXPECT_EQ(fluids.Cell(row, 1), "X");
-    EXPECT_EQ(fluids.Cell(row, 2), "");
-    EXPECT_EQ(fluids.Cell(row, 3), "");
-  }
-
-  const Grid& conns = screen.AdvConnList;
-  ASSERT_EQ(conns.rows(), 3);
-  EXPECT_EQ(conns.Cell(0, 0), "Volumes");
-  EXPECT_EQ(conns.Cell(0, 1), "Distance (m)");
-  EXPECT_EQ(conns.Cell(0, 2), "Area (m2)");
-  EXPECT_EQ(conns.Cell(1, 0), "1 - 2");
-  EXPECT_EQ(conns.Cell(2, 0), "2 - 3");
-  EXPECT_EQ(conns.Cell(1, 1), "0");
-  EXPECT_EQ(conns.Cell(1, 2), "0");
+  EXPECT_EQ(screen.Label1.caption + "|" + screen.Label2.caption,
+            "Fluids in volumes|Advection connection between volumes");
+  EXPECT_EQ(GridRows(screen.FluidList),
+            (Strings{"Volume|Air|(Water)|(Rock)", "1|X||", "2|X||", "3|X||"}));
+  EXPECT_EQ(GridRows(screen.AdvConnList),
+            (Strings{"Volumes|Distance (m)|Area (m2)", "1 - 2|0|0", "2 - 3|0|0"}));
   EXPECT_FALSE(screen.dirty());
 
   // Saved as it stands, air everywhere; every module must run again.
@@ -85,10 +69,10 @@ TEST(FluidAdvScreen, ADamagedFluidsFileIsNamedAndTheScreenDoesNotOpen) {
   c.Put("FLUIDS.INP", "1\t2\r\n2\t1\r\n15\t1\r\n");
   FluidAdv screen(c.fake.session);
   EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "Subscript out of range\r" + (c.dir / "FLUIDS.INP") + ", line 3");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(
+      c.fake.dialogs.messages,
+      (std::vector<ShownMessage>{{"Subscript out of range\r" + (c.dir / "FLUIDS.INP") + ", line 3",
+                                  mb::kCritical, "Error message"}}));
   EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t2\r\n2\t1\r\n15\t1\r\n");
   EXPECT_FALSE(testing::Exists(c.dir / "ADVCONN.INP"));
   EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
@@ -102,35 +86,26 @@ TEST(FluidAdvScreen, OneMarkPerRowAndStaleRowsDroppedAtSave) {
   FluidAdv screen(c.fake.session);
   screen.Load();
   Grid& fluids = screen.FluidList;
-  ASSERT_EQ(fluids.rows(), 3);
-  EXPECT_EQ(fluids.Cell(1, 2), "X");
-  EXPECT_EQ(fluids.Cell(2, 3), "X");
-  ASSERT_EQ(screen.AdvConnList.rows(), 2);
-  EXPECT_EQ(screen.AdvConnList.Cell(1, 1), "3.5");
-  EXPECT_EQ(screen.AdvConnList.Cell(1, 2), "2.1");
+  const std::string head = "Volume|Air|(Water)|(Rock)";
+  EXPECT_EQ(GridRows(fluids), (Strings{head, "1||X|", "2|||X"}));
+  EXPECT_EQ(GridRows(screen.AdvConnList)[1], "1 - 2|3.5|2.1");
+  EXPECT_EQ(screen.AdvConnList.rows(), 2);
 
   // The volume column and the header take no mark; a click on the mark
   // already there changes nothing.
-  fluids.row = 1;
-  fluids.col = 0;
-  screen.FluidClicked();
-  fluids.row = 0;
-  fluids.col = 1;
-  screen.FluidClicked();
-  fluids.row = 2;
-  fluids.col = 3;
-  screen.FluidClicked();
+  for (auto [row, col] : {std::pair{1, 0}, {0, 1}, {2, 3}}) {
+    fluids.row = row;
+    fluids.col = col;
+    screen.FluidClicked();
+  }
   EXPECT_FALSE(screen.dirty());
-  EXPECT_EQ(fluids.Cell(0, 1), "Air");
-  EXPECT_EQ(fluids.Cell(1, 0), "1");
+  EXPECT_EQ(GridRows(fluids), (Strings{head, "1||X|", "2|||X"}));
 
   fluids.row = 1;
   fluids.col = 1;
   screen.FluidClicked();
   EXPECT_TRUE(screen.dirty());
-  EXPECT_EQ(fluids.Cell(1, 1), "X");
-  EXPECT_EQ(fluids.Cell(1, 2), "");
-  EXPECT_EQ(fluids.Cell(1, 3), "");
+  EXPECT_EQ(GridRows(fluids), (Strings{head, "1|X||", "2|||X"}));
 
   screen.Ok();
   EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t3.5\t2.1\r\n");
@@ -143,8 +118,7 @@ TEST(FluidAdvScreen, ConnectionCellsTakeNumbersOnly) {
   FluidAdv screen(c.fake.session);
   screen.Load();
   Grid& conns = screen.AdvConnList;
-  EXPECT_EQ(conns.row, 1);
-  EXPECT_EQ(conns.col, 1);
+  EXPECT_EQ(At(conns), "1,1");
 
   Press(screen, keys::kDelete);
   EXPECT_EQ(conns.Cell(1, 1), "");
@@ -160,20 +134,15 @@ TEST(FluidAdvScreen, ConnectionCellsTakeNumbersOnly) {
   Press(screen, keys::kBack);
   EXPECT_EQ(conns.Cell(1, 1), "1.52");
 
-  Press(screen, keys::kEnd);
-  EXPECT_EQ(conns.col, 2);
-  Press(screen, keys::kRight);
-  EXPECT_EQ(conns.col, 2);
-  Press(screen, keys::kHome);
-  EXPECT_EQ(conns.col, 1);
-  Press(screen, keys::kLeft);
-  EXPECT_EQ(conns.col, 1);  // the pair column is not a place to type
-  Press(screen, keys::kDown);
-  Press(screen, keys::kDown);
-  EXPECT_EQ(conns.row, 2);
-  Press(screen, keys::kUp);
-  Press(screen, keys::kUp);
-  EXPECT_EQ(conns.row, 1);
+  // The keys move within the number cells; the pair column is not a place
+  // to type.
+  std::string visited;
+  for (int key : {keys::kEnd, keys::kRight, keys::kHome, keys::kLeft, keys::kDown, keys::kDown,
+                  keys::kUp, keys::kUp}) {
+    Press(screen, key);
+    visited += At(conns) + " ";
+  }
+  EXPECT_EQ(visited, "1,2 1,2 1,1 1,1 2,1 2,1 1,1 1,1 ");
 
   // A click may still make the pair column current; it takes nothing.
   conns.col = 0;
@@ -188,15 +157,13 @@ TEST(FluidAdvScreen, ConnectionCellsTakeNumbersOnly) {
   lone.Elements({{"0", "1"}});
   FluidAdv single(lone.fake.session);
   single.Load();
-  ASSERT_EQ(single.AdvConnList.rows(), 2);
-  EXPECT_EQ(single.AdvConnList.Cell(1, 0), "");
+  EXPECT_EQ(GridRows(single.AdvConnList), (Strings{"Volumes|Distance (m)|Area (m2)", "||"}));
   Type(single, "5");
   EXPECT_EQ(single.AdvConnList.Cell(1, 1), "");
   EXPECT_FALSE(single.dirty());
   single.Ok();
   EXPECT_TRUE(single.unloaded);
-  EXPECT_EQ(lone.Bytes("ADVCONN.INP"), "");
-  EXPECT_EQ(lone.Bytes("FLUIDS.INP"), "1\t1\r\n");
+  EXPECT_EQ(lone.Bytes("ADVCONN.INP") + "|" + lone.Bytes("FLUIDS.INP"), "|1\t1\r\n");
 }
 
 TEST(FluidAdvScreen, TheFirstFaultyCellIsShownAndNothingIsWritten) {
@@ -205,33 +172,24 @@ TEST(FluidAdvScreen, TheFirstFaultyCellIsShownAndNothingIsWritten) {
   c.Put("ADVCONN.INP", "1 - 2\t2\t1000001\r\n2 - 3\t-1\t1\r\n1 - 3\t\t\r\n");
   FluidAdv screen(c.fake.session);
   screen.Load();
-  screen.Ok();
-  EXPECT_FALSE(screen.unloaded);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Area must be a value (0 - 1000000)");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  EXPECT_EQ(screen.focus, "AdvConnList");
-  EXPECT_EQ(screen.AdvConnList.row, 1);
-  EXPECT_EQ(screen.AdvConnList.col, 2);
-  EXPECT_FALSE(testing::Exists(c.dir / "FLUIDS.INP"));
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
-
-  screen.AdvConnList.Cell(1, 2) = "1000000";
-  screen.focus.clear();
-  screen.Ok();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Distance must be a value (0 - 1000000)");
-  EXPECT_EQ(screen.focus, "AdvConnList");
-  EXPECT_EQ(screen.AdvConnList.row, 2);
-  EXPECT_EQ(screen.AdvConnList.col, 1);
-
-  screen.AdvConnList.Cell(2, 1) = "0";
-  screen.Ok();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Distance must be a value (0 - 1000000)");
-  EXPECT_EQ(screen.AdvConnList.row, 3);
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 3u);
-
-  screen.AdvConnList.Cell(3, 1) = "2,5";
-  screen.AdvConnList.Cell(3, 2) = ".5";
+  Grid& conns = screen.AdvConnList;
+  // Each fault in turn, and the cell that mends it.
+  const struct {
+    std::string message, at, cell, mended;
+  } faults[] = {{"Area must be a value (0 - 1000000)", "1,2", "1000001", "1000000"},
+                {"Distance must be a value (0 - 1000000)", "2,1", "-1", "0"},
+                {"Distance must be a value (0 - 1000000)", "3,1", "", "2,5"}};
+  for (const auto& fault : faults) {
+    screen.focus.clear();
+    screen.Ok();
+    EXPECT_FALSE(screen.unloaded);
+    EXPECT_EQ(c.fake.dialogs.Last(), (ShownMessage{fault.message, mb::kOkOnly, "MESSAGE"}));
+    EXPECT_EQ(screen.focus + " " + At(conns), "AdvConnList " + fault.at);
+    EXPECT_FALSE(testing::Exists(c.dir / "FLUIDS.INP"));
+    EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
+    conns.Cell(conns.row, conns.col) = fault.mended;
+  }
+  conns.Cell(3, 2) = ".5";
   screen.Ok();
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(c.fake.dialogs.messages.size(), 3u);
@@ -254,10 +212,10 @@ TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
   c.fake.dialogs.answers = {Answer::kCancel};
   screen.Cancel();
   EXPECT_FALSE(screen.unloaded);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "Do you want to save changes ?\r\rFluid & advection connection");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Save");
+  EXPECT_EQ(
+      c.fake.dialogs.messages,
+      (std::vector<ShownMessage>{{"Do you want to save changes ?\r\rFluid & advection connection",
+                                  mb::kYesNoCancel + mb::kExclamation, "Save"}}));
 
   // Yes checks first: a faulty cell keeps the screen open.
   screen.AdvConnList.col = 2;
@@ -267,8 +225,6 @@ TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
   EXPECT_FALSE(screen.unloaded);
   EXPECT_EQ(c.fake.dialogs.Last().text, "Area must be a value (0 - 1000000)");
   EXPECT_EQ(screen.AdvConnList.col, 2);
-  EXPECT_FALSE(testing::Exists(c.dir / "ADVCONN.INP"));
-
   c.fake.dialogs.answers = {Answer::kNo};
   screen.Cancel();
   EXPECT_TRUE(screen.unloaded);

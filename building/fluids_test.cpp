@@ -13,22 +13,25 @@ namespace {
 
 using testing::FluidsCase;
 
+testing::Strings Rows(const std::vector<AdvConnRow>& rows) {
+  testing::Strings texts;
+  for (const auto& row : rows) texts.push_back(row.pair + "|" + row.distance + "|" + row.area);
+  return texts;
+}
+
 TEST(ReadFluids, AirForEveryVolumeThenTheFileLaidOver) {
   FluidsCase c;
   FluidTable missing = ReadFluids(c.fake.ws(), {"1", "3"});
-  EXPECT_EQ(missing.FluidOf("1"), "1");
-  EXPECT_EQ(missing.FluidOf("3"), "1");
-  EXPECT_EQ(missing.rows[3].volume, "3");
-  EXPECT_EQ(missing.rows[2].volume, "");
+  EXPECT_EQ(missing.FluidOf("1") + missing.FluidOf("3"), "11");
+  EXPECT_EQ(missing.rows[3].volume + "|" + missing.rows[2].volume, "3|");
 
-  // Lines address the slot by volume number; a volume no longer present and
-  // lines of no volume are harmless.
-  c.Put("FLUIDS.INP", " 3 \t 2 \r\n1\t3\r\n7\t2\r\nabc\t2\r\n\r\n0\t3\r\nno tab\r\n");
-  FluidTable table = ReadFluids(c.fake.ws(), {"1", "3"});
-  EXPECT_EQ(table.FluidOf("1"), "3");
-  EXPECT_EQ(table.FluidOf("3"), "2");
-  EXPECT_EQ(table.FluidOf("7"), "2");
-  EXPECT_EQ(table.FluidOf("2"), "1");
+  // Lines address the slot by volume number, up to Volume 8; a volume no
+  // longer present and lines of no volume are harmless.
+  c.Put("FLUIDS.INP", " 3 \t 2 \r\n1\t3\r\n7\t2\r\n8\t3\r\nabc\t2\r\n\r\n0\t3\r\nno tab\r\n");
+  FluidTable table = ReadFluids(c.fake.ws(), {"1", "3", "8"});
+  EXPECT_EQ(table.FluidOf("1") + table.FluidOf("3") + table.FluidOf("7") + table.FluidOf("8") +
+                table.FluidOf("2"),
+            "32231");
 
   // A number past the table is a damaged file, named with its line.
   for (const char* bad : {"9", "-1", "12"}) {
@@ -52,13 +55,9 @@ TEST(ReadAdvConn, OneRowPerPairOfVolumesInTheOrderOfTheElements) {
   SurfaceVolumes volumes;
   volumes.front = {"0", "2", "1", "-1", "3", "2", "", "1"};
   volumes.back = {"1", "1", "2", "2", "2", "0", "3", "3"};
-  auto rows = ReadAdvConn(c.fake.ws(), volumes);
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_EQ(rows[0].pair, "1 - 2");  // 2 to 1 and 1 to 2 make one row
-  EXPECT_EQ(rows[1].pair, "2 - 3");
-  EXPECT_EQ(rows[2].pair, "1 - 3");
-  EXPECT_EQ(rows[0].distance, "0");
-  EXPECT_EQ(rows[0].area, "0");
+  // 2 to 1 and 1 to 2 make one row.
+  EXPECT_EQ(Rows(ReadAdvConn(c.fake.ws(), volumes)),
+            (testing::Strings{"1 - 2|0|0", "2 - 3|0|0", "1 - 3|0|0"}));
   EXPECT_EQ(AdvPairName("3", "1"), "1 - 3");
 }
 
@@ -74,13 +73,7 @@ TEST(ReadAdvConn, TheFileFillsExistingPairsAndLosesTheRestAtTheNextSave) {
   volumes.front = {"1", "3"};
   volumes.back = {"2", "1"};
   auto rows = ReadAdvConn(c.fake.ws(), volumes);
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].pair, "1 - 2");
-  EXPECT_EQ(rows[0].distance, "3.5");
-  EXPECT_EQ(rows[0].area, "2.1");
-  EXPECT_EQ(rows[1].pair, "1 - 3");
-  EXPECT_EQ(rows[1].distance, "4");
-  EXPECT_EQ(rows[1].area, "1.5");
+  EXPECT_EQ(Rows(rows), (testing::Strings{"1 - 2|3.5|2.1", "1 - 3|4|1.5"}));
 
   ASSERT_TRUE(WriteAdvConn(c.fake.ws(), rows));
   EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t3.5\t2.1\r\n1 - 3\t4\t1.5\r\n");
@@ -93,16 +86,13 @@ TEST(ReadForcedVent, PairsWithOutdoorThenTheFlowsOfTheFile) {
             (std::vector<std::string>{"1 -> 2", "1 -> 3", "0 -> 1", "2 -> 3", "0 -> 2", "0 -> 3"}));
   auto fresh = ReadForcedVent(c.fake.ws(), pairs);
   ASSERT_EQ(fresh.size(), 6u);
-  EXPECT_EQ(fresh[2].from, "0");
-  EXPECT_EQ(fresh[2].to, "1");
-  EXPECT_EQ(fresh[2].flow, "0");
+  EXPECT_EQ(fresh[2].from + fresh[2].to + fresh[2].flow, "010");
 
   // A volume that is gone (4) loses its rows; a reversed pair is no pair.
   c.Put("FORCEVEN.INP", "0\t1\t25\r\n 1 \t 2 \t -12.5 \r\n2\t1\t7\r\n0\t4\t9\r\n1\t4\t3\r\n");
   auto rows = ReadForcedVent(c.fake.ws(), {"1 -> 2", "0 -> 1", "-1 -> 2"});
   ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].flow, "-12.5");
-  EXPECT_EQ(rows[1].flow, "25");
+  EXPECT_EQ(rows[0].flow + "|" + rows[1].flow, "-12.5|25");
   ASSERT_TRUE(WriteForcedVent(c.fake.ws(), rows));
   EXPECT_EQ(c.Bytes("FORCEVEN.INP"), "1\t2\t-12.5\r\n0\t1\t25\r\n");
 }

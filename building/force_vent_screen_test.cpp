@@ -9,6 +9,7 @@ namespace zelmo {
 namespace {
 
 using testing::FluidsCase;
+using testing::ShownMessage;
 
 void Type(ForceVent& screen, int row, const std::string& text) {
   screen.Grid1.row = row;
@@ -21,38 +22,37 @@ void Type(ForceVent& screen, int row, const std::string& text) {
   }
 }
 
+// The focus and the current cell, "focus row,col".
+std::string At(const ForceVent& screen) {
+  return screen.focus + " " + std::to_string(screen.Grid1.row) + "," +
+         std::to_string(screen.Grid1.col);
+}
+
 TEST(ForceVentScreen, AVolumeCodePastTheTablesIsADamagedElementFile) {
   for (const char* bad : {"9", "-2", "99999999999"}) {
     FluidsCase c;
     c.Elements({{"0", "1"}, {"1", bad}});
     ForceVent screen(c.fake.session);
     EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
-    ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-    EXPECT_EQ(c.fake.dialogs.Last().text,
-              "Subscript out of range\r" + (c.dir / "SURFACE.INP") + ", line 39");
+    EXPECT_EQ(c.fake.dialogs.Texts(), (testing::Strings{"Subscript out of range\r" +
+                                                        (c.dir / "SURFACE.INP") + ", line 39"}));
     EXPECT_FALSE(testing::Exists(c.dir / "FORCEVEN.INP"));
     EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
   }
 }
 
 TEST(ForceVentScreen, ClosesWithoutTwoVolumes) {
-  FluidsCase none;
-  none.Elements({{"0", "0"}, {"-1", "0"}});
-  ForceVent empty(none.fake.session);
-  empty.Load();
-  EXPECT_TRUE(empty.unloaded);
-  ASSERT_EQ(none.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(none.fake.dialogs.Last().text, "There are no volumes");
-  EXPECT_EQ(none.fake.dialogs.Last().title, "MESSAGE");
-
-  FluidsCase one;
-  one.Elements({{"0", "1"}, {"-1", "1"}});
-  ForceVent single(one.fake.session);
-  single.Load();
-  EXPECT_TRUE(single.unloaded);
-  ASSERT_EQ(one.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(one.fake.dialogs.Last().text, "There are less than two volumes");
-  EXPECT_EQ(one.fake.dialogs.Last().title, "MESSAGE");
+  const std::pair<std::pair<std::string, std::string>, std::string> cases[] = {
+      {{"0", "0"}, "There are no volumes"}, {{"0", "1"}, "There are less than two volumes"}};
+  for (const auto& [sides, message] : cases) {
+    FluidsCase c;
+    c.Elements({sides, {"-1", sides.second}});
+    ForceVent screen(c.fake.session);
+    screen.Load();
+    EXPECT_TRUE(screen.unloaded);
+    EXPECT_EQ(c.fake.dialogs.messages,
+              (std::vector<ShownMessage>{{message, mb::kOkOnly, "MESSAGE"}}));
+  }
 }
 
 TEST(ForceVentScreen, PairsInOrderWithTheFlowsOfTheFile) {
@@ -62,16 +62,8 @@ TEST(ForceVentScreen, PairsInOrderWithTheFlowsOfTheFile) {
   ForceVent screen(c.fake.session);
   screen.Load();
   ASSERT_FALSE(screen.unloaded);
-  const Grid& grid = screen.Grid1;
-  ASSERT_EQ(grid.rows(), 4);
-  EXPECT_EQ(grid.Cell(0, 0), "Volumes");
-  EXPECT_EQ(grid.Cell(0, 1), "Flow (l/s)");
-  EXPECT_EQ(grid.Cell(1, 0), "1 -> 3");
-  EXPECT_EQ(grid.Cell(2, 0), "0 -> 1");
-  EXPECT_EQ(grid.Cell(3, 0), "0 -> 3");
-  EXPECT_EQ(grid.Cell(1, 1), "25");
-  EXPECT_EQ(grid.Cell(2, 1), "25");
-  EXPECT_EQ(grid.Cell(3, 1), "-25");
+  EXPECT_EQ(testing::GridRows(screen.Grid1),
+            (testing::Strings{"Volumes|Flow (l/s)", "1 -> 3|25", "0 -> 1|25", "0 -> 3|-25"}));
 
   // Balanced by the backward flow; the rows of Volume 2 are gone, and only
   // the last module must run again.
@@ -88,24 +80,22 @@ TEST(ForceVentScreen, FlowsMustBeNumbersWithinTheirBounds) {
   ForceVent screen(c.fake.session);
   screen.Load();
   ASSERT_EQ(screen.Grid1.rows(), 4);
+  const ShownMessage fault{"Litres/second must be a value (-20000 - 20000)", mb::kOkOnly,
+                           "MESSAGE"};
   Type(screen, 2, "-");
   screen.Ok();
   EXPECT_FALSE(screen.unloaded);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Litres/second must be a value (-20000 - 20000)");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  EXPECT_EQ(screen.focus, "Grid1");
-  EXPECT_EQ(screen.Grid1.row, 2);
-  EXPECT_EQ(screen.Grid1.col, 1);
+  EXPECT_EQ(c.fake.dialogs.messages, (std::vector<ShownMessage>{fault}));
+  EXPECT_EQ(At(screen), "Grid1 2,1");
 
+  // The bounds pass, just outside does not.
   Type(screen, 2, "20000");
   Type(screen, 3, "-20000,5");
   EXPECT_EQ(screen.Grid1.Cell(3, 1), "-20000.5");
   screen.focus.clear();
   screen.Ok();
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 2u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Litres/second must be a value (-20000 - 20000)");
-  EXPECT_EQ(screen.Grid1.row, 3);
+  EXPECT_EQ(c.fake.dialogs.messages, (std::vector<ShownMessage>{fault, fault}));
+  EXPECT_EQ(At(screen), "Grid1 3,1");
   EXPECT_FALSE(testing::Exists(c.dir / "FORCEVEN.INP"));
 
   // Letters never enter a flow cell; a sign does.
@@ -124,13 +114,9 @@ TEST(ForceVentScreen, UnbalancedVolumesAreRefusedTogether) {
   screen.Grid1.row = 3;
   screen.Ok();
   EXPECT_FALSE(screen.unloaded);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Volume 1: -20\rVolume 2: 10.5\r");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "NO BALANCE");
-  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
-  EXPECT_EQ(screen.focus, "Grid1");
-  EXPECT_EQ(screen.Grid1.row, 1);
-  EXPECT_EQ(screen.Grid1.col, 1);
+  EXPECT_EQ(c.fake.dialogs.messages, (std::vector<ShownMessage>{{"Volume 1: -20\rVolume 2: 10.5\r",
+                                                                 mb::kExclamation, "NO BALANCE"}}));
+  EXPECT_EQ(At(screen), "Grid1 1,1");
   EXPECT_FALSE(testing::Exists(c.dir / "FORCEVEN.INP"));
 
   // A remainder of 0.004 passes.
@@ -155,25 +141,25 @@ TEST(ForceVentScreen, CancelAsksOnlyAfterChanges) {
   ForceVent screen(c.fake.session);
   screen.Load();
   Type(screen, 1, "5");
-  c.fake.dialogs.answers = {Answer::kCancel};
-  screen.Cancel();
-  EXPECT_FALSE(screen.unloaded);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to save changes ?\r\rForced ventilation");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Save");
-
   // Yes runs both checks: the balance refuses.
-  c.fake.dialogs.answers = {Answer::kYes};
+  c.fake.dialogs.answers = {Answer::kCancel, Answer::kYes};
   screen.Cancel();
   EXPECT_FALSE(screen.unloaded);
-  EXPECT_EQ(c.fake.dialogs.Last().title, "NO BALANCE");
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Volume 1: 5\rVolume 2: -5\r");
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (ShownMessage{"Do you want to save changes ?\r\rForced ventilation",
+                          mb::kYesNoCancel + mb::kExclamation, "Save"}));
+  screen.Cancel();
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (ShownMessage{"Volume 1: 5\rVolume 2: -5\r", mb::kExclamation, "NO BALANCE"}));
 
   Type(screen, 2, "5");
   Type(screen, 3, "-5");
   c.fake.dialogs.answers = {Answer::kYes};
   screen.Cancel();
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), "1\t2\t5\r\n0\t1\t5\r\n0\t2\t-5\r\n");
+  const std::string saved = "1\t2\t5\r\n0\t1\t5\r\n0\t2\t-5\r\n";
+  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), saved);
   EXPECT_EQ(c.Bytes("THERMAL.INP"), "-----X\r\n");
 
   ForceVent last(c.fake.session);
@@ -182,7 +168,7 @@ TEST(ForceVentScreen, CancelAsksOnlyAfterChanges) {
   c.fake.dialogs.answers = {Answer::kNo};
   last.Cancel();
   EXPECT_TRUE(last.unloaded);
-  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), "1\t2\t5\r\n0\t1\t5\r\n0\t2\t-5\r\n");
+  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), saved);
 }
 
 }  // namespace

@@ -26,8 +26,7 @@ TEST(GenPars, DefaultsWithoutAFileAndTheBytesWritten) {
   GenPars pars(c.fake.session);
   pars.Load();
   EXPECT_EQ(pars.caption, "General Parameters");
-  EXPECT_EQ(pars.Option1[0].value, 1);
-  EXPECT_EQ(pars.Option2.value, 1);
+  EXPECT_EQ(pars.Option1[0].value + pars.Option2.value, 2);
   EXPECT_FALSE(pars.Inter.enabled);
   EXPECT_EQ(pars.Reflect.text + "|" + pars.RSoil.text + "|" + pars.Exter.text + "|" +
                 pars.Inter.text + "|" + pars.Loops.text,
@@ -43,10 +42,9 @@ TEST(GenPars, ReadsTheFileAndFollowsTheOptions) {
   WriteBytes(c.dir / "genpars.inp", "N\r\n30\r\n\r\n15.0\r\n3.5\r\n5\r\nN\r\n");
   GenPars pars(c.fake.session);
   pars.Load();
-  EXPECT_EQ(pars.Option1[1].value, 1);
-  EXPECT_EQ(pars.RSoil.text, "1.87");  // an empty line keeps the default
-  EXPECT_EQ(pars.Inter.text, "3.5");
-  EXPECT_EQ(pars.Option3.value, 1);
+  EXPECT_EQ(pars.Option1[1].value + pars.Option3.value, 2);
+  EXPECT_EQ(pars.RSoil.text + "|" + pars.Inter.text,
+            "1.87|3.5");  // an empty line keeps the default
   EXPECT_TRUE(pars.Inter.enabled);
   EXPECT_FALSE(pars.dirty());
 
@@ -75,33 +73,38 @@ TEST(GenPars, ReadsTheFileAndFollowsTheOptions) {
 }
 
 TEST(GenPars, BoundsAtTheirEdges) {
+  const std::string loops = "Loops must be a value ( 1 -  99)\r";
+  // Each bound passes, just outside is refused; "-1" passes under Calculate.
+  const std::pair<testing::Strings, std::string> cases[] = {
+      {{"Reflect=0", "RSoil=0.01", "Exter=999", "Loops=99"}, ""},
+      {{"Reflect=100", "Loops=1"}, ""},
+      {{"Loops=100"}, loops},
+      {{"Loops=0"}, loops},
+      {{"Reflect=100.5"}, "Reflectivity must be a value ( 0 -  100)\r"},
+      {{"Exter=999.01"}, "Exterior coeff. must be a value ( .01 -  999)\r"}};
+  for (const auto& [settings, message] : cases) {
+    GenParsCase c;
+    GenPars pars(c.fake.session);
+    pars.Load();
+    testing::Fill(pars, settings);
+    EXPECT_EQ(pars.CheckGenPars(), message.empty()) << message;
+    EXPECT_EQ(c.fake.dialogs.Texts(),
+              message.empty() ? testing::Strings{} : testing::Strings{message});
+  }
+
   GenParsCase c;
   GenPars pars(c.fake.session);
   pars.Load();
-  pars.Reflect.text = "0";
-  pars.RSoil.text = "0.01";
-  pars.Exter.text = "999";
-  pars.Loops.text = "99";
-  EXPECT_TRUE(pars.CheckGenPars());  // "-1" passes under Calculate
-  pars.Reflect.text = "100";
-  pars.Loops.text = "1";
-  EXPECT_TRUE(pars.CheckGenPars());
-
-  pars.Reflect.text = "100.5";
-  pars.RSoil.text = "0";
-  pars.Exter.text = "0";
   pars.Option3.on_click();
-  pars.Inter.text = "-1";  // under Set, "-1" is no value
-  pars.Loops.text = "abc";
-  EXPECT_FALSE(pars.CheckGenPars());
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "Reflectivity must be a value ( 0 -  100)\r"
-            "R-soil must be a value ( .01 -  999)\r"
-            "Exterior coeff. must be a value ( .01 -  999)\r"
-            "Interior coeff. must be a value ( .01 -  999)\r"
-            "Loops must be a value ( 1 -  99)\r");
+  testing::Fill(pars, {"Reflect=100.5", "RSoil=0", "Exter=0", "Inter=-1", "Loops=abc"});
+  EXPECT_FALSE(pars.CheckGenPars());  // under Set, "-1" is no value
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (testing::ShownMessage{"Reflectivity must be a value ( 0 -  100)\r"
+                                   "R-soil must be a value ( .01 -  999)\r"
+                                   "Exterior coeff. must be a value ( .01 -  999)\r"
+                                   "Interior coeff. must be a value ( .01 -  999)\r" +
+                                       loops,
+                                   mb::kExclamation, "MESSAGE"}));
   EXPECT_EQ(pars.focus, "Reflect");
   EXPECT_EQ(pars.Reflect.sel_length, 5);
 
