@@ -8,7 +8,7 @@ namespace {
 
 using ProjectScreens = StoreTest;
 
-constexpr int kWarning = mb::kExclamation;
+const std::string kBadName = "Name must be <=  8 characters long and no spaces in the name !";
 
 TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   NewProject screen(fake.session, main);
@@ -20,54 +20,50 @@ TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   EXPECT_TRUE(screen.unloaded);
   EXPECT_TRUE(fake.dialogs.messages.empty());
   EXPECT_EQ(Projects(), "abc\tabc\r\n");
-  EXPECT_EQ(ws().ProjectName, "abc");
-  EXPECT_EQ(ws().ProjectPath, Data("abc"));
+  EXPECT_EQ(ws().ProjectName + "|" + ws().ProjectPath + "|" + main.caption,
+            "abc|" + Data("abc") + "|Project : abc");
   // The library files are found whatever the case of their names.
-  EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")), "gastp.inp\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/GLASSTP.INP")), "Glasstp.INP\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/Wndtp.LIB")), "WNDTP.LIB\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/OPAQUE.LIB")), "opaque.lib\r\n");
-  EXPECT_EQ(main.caption, "Project : abc");
-  EXPECT_TRUE(main.M_OpenProject.enabled && main.LPO.enabled && main.M_Case.enabled);
-  EXPECT_FALSE(main.M_OpenCase.enabled);
+  EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")) + ReadBytes(Data("abc/GLASSTP.INP")) +
+                ReadBytes(Data("abc/Wndtp.LIB")) + ReadBytes(Data("abc/OPAQUE.LIB")),
+            "gastp.inp\r\nGlasstp.INP\r\nWNDTP.LIB\r\nopaque.lib\r\n");
   // The menu's Simulate is on, the panel's is off.
-  EXPECT_TRUE(main.M_ThermalLoads.enabled);
-  EXPECT_FALSE(main.ss.enabled);
+  EXPECT_TRUE(main.M_OpenProject.enabled && main.LPO.enabled && main.M_Case.enabled &&
+              main.M_ThermalLoads.enabled);
+  EXPECT_FALSE(main.M_OpenCase.enabled || main.ss.enabled);
   EXPECT_EQ(main.LCN.fore_color, Rgb(0, 0, 200));
 
   NewProject again(fake.session, main);
   fake.dialogs.ShowModal(again);
-  EXPECT_EQ(again.List1.items, std::vector<std::string>{"abc - abc"});
+  EXPECT_EQ(again.List1.items, Strings{"abc - abc"});
   EXPECT_EQ(again.List1.list_index, 0);
   again.Text1.text = "abc";
   again.New();
   EXPECT_TRUE(again.unloaded);  // closes after a failed attempt too
-  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
-  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
-  EXPECT_EQ(fake.dialogs.Last().style, kWarning);
+  EXPECT_EQ(fake.dialogs.Last(),
+            (ShownMessage{"A project with the same name or path already exists", mb::kExclamation,
+                          "Error message"}));
   EXPECT_EQ(Projects(), "abc\tabc\r\n");
 }
 
 TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
-  const auto before = Listing(ws().LocalPath);
-  const std::string bad_name = "Name must be <=  8 characters long and no spaces in the name !";
-  for (const char* name : {"abcdefghi", "a b", "a/b", "a\\b", ".", "..", "../x"}) {
+  const std::pair<const char*, std::string> refusals[] = {
+      {"abcdefghi", kBadName},
+      {"a b", kBadName},
+      {"a/b", kBadName},
+      {"a\\b", kBadName},
+      {".", kBadName},
+      {"..", kBadName},
+      {"../x", kBadName},
+      {"", "Name and path must be set"},
+      {"   ", "Projectpath can not be the same as System-, Local- or Thermal-path"}};
+  for (const auto& [name, message] : refusals) {
     NewProject screen(fake.session, main);
     screen.Text1.text = name;
     screen.New();
-    EXPECT_EQ(fake.dialogs.Last().text, bad_name) << name;
+    EXPECT_EQ(fake.dialogs.Last().text, message) << name;
   }
-  NewProject empty(fake.session, main);
-  empty.New();
-  EXPECT_EQ(fake.dialogs.Last().text, "Name and path must be set");
-  NewProject blanks(fake.session, main);
-  blanks.Text1.text = "   ";
-  blanks.New();
-  EXPECT_EQ(fake.dialogs.Last().text,
-            "Projectpath can not be the same as System-, Local- or Thermal-path");
-  EXPECT_EQ(Listing(ws().LocalPath), before);
   EXPECT_TRUE(Listing(ws().LocalPath).empty());
-  EXPECT_TRUE(Listing(dir.path()) == (std::vector<std::string>{"Data", "Program"}));
+  EXPECT_EQ(Listing(dir.path()), (Strings{"Data", "Program"}));
 
   // A missing library file ends the operation after the project is
   // registered, as the register comes first.
@@ -105,14 +101,12 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
 
   OpenProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
-  EXPECT_EQ(screen.List1.items, (std::vector<std::string>{"one - one", "two - two"}));
+  EXPECT_EQ(screen.List1.items, (Strings{"one - one", "two - two"}));
   screen.List1.list_index = 1;
   screen.List1.on_dbl_click();
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(ws().ProjectName, "two");
-  EXPECT_EQ(ws().ProjectPath, Data("two"));
-  EXPECT_EQ(ws().CaseName, "");
-  EXPECT_EQ(ws().CasePath, "");
+  EXPECT_EQ(ws().ProjectName + "|" + ws().ProjectPath + "|" + ws().CaseName + "|" + ws().CasePath,
+            "two|" + Data("two") + "||");
   EXPECT_EQ(main.caption, " Project : two");
   // No CASES.LIB: only New Case works in the Case menu.
   EXPECT_TRUE(main.M_Case.enabled && main.M_NewCase.enabled && main.ss.enabled);
@@ -131,8 +125,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   AppendLine(Data("PROJECTS.LIB"), "up\t..");
   for (int index : {2, 3}) {
     ExpectOpenRefusesDamagedLine<OpenProject>(index, Data("PROJECTS.LIB"));
-    EXPECT_EQ(ws().ProjectPath, Data("one"));
-    EXPECT_EQ(main.caption, " Project : one");
+    EXPECT_EQ(ws().ProjectPath + "|" + main.caption, Data("one") + "| Project : one");
   }
 }
 
@@ -154,8 +147,7 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   EXPECT_EQ(screen.List1.list_index, 0);
   screen.Text1.text = "old";
   screen.List1.on_click();
-  EXPECT_EQ(screen.Text1.text, "");
-  EXPECT_EQ(screen.focus, "Text1");
+  EXPECT_EQ(screen.Text1.text + "|" + screen.focus, "|Text1");
   screen.Text1.text = "Cp";
   screen.Copy();
   EXPECT_FALSE(screen.unloaded);
@@ -163,12 +155,11 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   EXPECT_EQ(fake.dialogs.busy_calls, (std::vector<bool>{true, false}));
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
   EXPECT_EQ(screen.List1.items.back(), "cp - " + Data("cp"));
-  EXPECT_EQ(ws().ProjectName, "cp");
-  EXPECT_EQ(main.caption, "Project : cp");
-  EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")), "X--XX-\r\n");
-  EXPECT_EQ(ReadBytes(Data("cp/WALLS.LIB")), "wall\r\n");
-  EXPECT_EQ(Listing(Data("cp/c1")), (std::vector<std::string>{"SURFACE.INP", "THERMAL.INP"}));
-  EXPECT_EQ(Listing(Data("cp/Case2")), std::vector<std::string>{"THERMAL.INP"});
+  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "cp|Project : cp");
+  EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")) + ReadBytes(Data("cp/WALLS.LIB")),
+            "X--XX-\r\nwall\r\n");
+  EXPECT_EQ(Listing(Data("cp/c1")), (Strings{"SURFACE.INP", "THERMAL.INP"}));
+  EXPECT_EQ(Listing(Data("cp/Case2")), Strings{"THERMAL.INP"});
   EXPECT_EQ(Listing(Data("src/c1")).size(), 7u);
   EXPECT_TRUE(main.RT.enabled && main.RDL.enabled && main.RC.enabled && main.ss.enabled);
   EXPECT_FALSE(main.M_Model.enabled || main.M_Diagram.enabled);
@@ -181,18 +172,20 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   EXPECT_EQ(Listing(ws().LocalPath), before);
 
   screen.List1.list_index = 0;
-  for (const char* name : {"abcdefghi", "a/b", "..", "."}) {
+  const std::string too_long = "Target name must be <=  8 characters long";
+  const std::pair<const char*, std::string> refusals[] = {
+      {"abcdefghi", too_long},
+      {"a/b", too_long},
+      {"..", too_long},
+      {".", too_long},
+      {" ", "Target name must be set"},
+      {"SRC", "A project with the same name or path already exists"}};
+  for (const auto& [name, message] : refusals) {
     screen.Text1.text = name;
     screen.Copy();
-    EXPECT_EQ(fake.dialogs.Last().text, "Target name must be <=  8 characters long") << name;
+    EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{message, mb::kExclamation, "Error message"}))
+        << name;
   }
-  screen.Text1.text = " ";
-  screen.Copy();
-  EXPECT_EQ(fake.dialogs.Last().text, "Target name must be set");
-  screen.Text1.text = "SRC";
-  screen.Copy();
-  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
-  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
   EXPECT_EQ(Listing(ws().LocalPath), before);
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
 }
@@ -226,8 +219,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   EXPECT_EQ(Projects(), "newname\tabc\r\nxyz\txyz\r\n");
   EXPECT_FALSE(Exists(Data("newname")));
   EXPECT_TRUE(Exists(Data("abc")));
-  EXPECT_EQ(ws().ProjectName, "newname");
-  EXPECT_EQ(main.caption, " (newname - c1)");
+  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "newname| (newname - c1)");
 
   // Another project: the title stays.
   RenameThroughMenu(1, "other");
@@ -242,11 +234,11 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   EXPECT_EQ(ws().ProjectPath, Data("abc"));
 
   fake.dialogs.screens.clear();
-  const std::vector<std::pair<std::string, std::string>> refusals = {
+  const std::pair<std::string, std::string> refusals[] = {
       {"", "Projectname must be set"},
       {"OTHER", "A project with the same name already exist"},
       {"newname", "A project with the same name already exist"},
-      {"a/b", "Name must be <=  8 characters long and no spaces in the name !"}};
+      {"a/b", kBadName}};
   for (const auto& [name, message] : refusals) {
     RenProject screen(fake.session, main);
     fake.dialogs.ShowModal(screen);
@@ -265,8 +257,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   RenameThroughMenu(2, "found");
   fake.dialogs.screens.clear();
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\nfound\tlost\r\n");
-  EXPECT_EQ(ws().ProjectName, "");
-  EXPECT_EQ(main.caption, "");
+  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "|");
   DeleteFile(Data("PROJECTS.LIB"));
   RenProject screen(fake.session, main);
   screen.Text1.text = "z";
@@ -290,20 +281,17 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   EXPECT_TRUE(screen.Command1.enabled);
   fake.dialogs.answers = {Answer::kNo};
   screen.Command1.on_click();
-  EXPECT_EQ(fake.dialogs.Last().text, "Do you really want to delete the CURRENT project\rabc ?");
-  EXPECT_EQ(fake.dialogs.Last().style, 52);
-  EXPECT_EQ(fake.dialogs.Last().title, "");
+  EXPECT_EQ(fake.dialogs.Last(),
+            (ShownMessage{"Do you really want to delete the CURRENT project\rabc ?", 52, ""}));
   EXPECT_TRUE(Exists(Data("abc")));
 
   screen.Command1.on_click();
-  EXPECT_FALSE(Exists(Data("abc")));
-  EXPECT_FALSE(Exists(Data("PROJECTS.XXX")));
+  EXPECT_FALSE(Exists(Data("abc")) || Exists(Data("PROJECTS.XXX")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
-  EXPECT_EQ(ws().ProjectName, "");
-  EXPECT_EQ(ws().CaseName, "");
-  EXPECT_EQ(ws().ProjectPath, Data("abc"));  // kept
-  EXPECT_EQ(ws().CasePath, Data("abc/c1"));  // kept
-  EXPECT_EQ(main.caption, "");
+  // The paths are kept.
+  EXPECT_EQ(ws().ProjectName + "|" + ws().CaseName + "|" + ws().ProjectPath + "|" + ws().CasePath +
+                "|" + main.caption,
+            "||" + Data("abc") + "|" + Data("abc/c1") + "|");
   EXPECT_FALSE(main.M_Case.enabled || main.M_Library.enabled || main.M_Result.enabled);
   EXPECT_TRUE(main.M_ThermalLoads.enabled);
 
@@ -314,7 +302,7 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   EXPECT_EQ(fake.dialogs.Last().text, "Do you want to delete the project\rrenamed ?");
   EXPECT_FALSE(Exists(Data("old")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
-  EXPECT_EQ(screen.List1.items, std::vector<std::string>{"keep - keep"});
+  EXPECT_EQ(screen.List1.items, Strings{"keep - keep"});
 
   // A folder that is not there: two messages, the register stays.
   DeleteFolderTree(Data("keep"));
@@ -323,15 +311,14 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   screen.Command1.on_click();
   ASSERT_EQ(fake.dialogs.messages.size(), 3u);
   EXPECT_EQ(fake.dialogs.messages[1].text, "Can't delete the directory and its contents !");
-  EXPECT_EQ(fake.dialogs.messages[2].text, "Some error has occurred !");
-  EXPECT_EQ(fake.dialogs.messages[2].title, "");
+  EXPECT_EQ(fake.dialogs.messages[2], (ShownMessage{"Some error has occurred !", 0, ""}));
   EXPECT_EQ(screen.List1.items.size(), 1u);
 
   // The double click deletes by the name; the last one removes the register
   // and leaves only New Project.
   DelProject again(fake.session, main);
   fake.dialogs.ShowModal(again);
-  EXPECT_EQ(again.List1.items, (std::vector<std::string>{"keep - keep", "renamed - old"}));
+  EXPECT_EQ(again.List1.items, (Strings{"keep - keep", "renamed - old"}));
   again.List1.list_index = 1;
   again.List1.on_dbl_click();
   EXPECT_EQ(Projects(), "keep\tkeep\r\n");
