@@ -11,9 +11,7 @@
 #include <memory>
 
 #include "building/genpars.h"
-#include "core/file_system.h"
 #include "core/testing/fakes.h"
-#include "core/text_file.h"
 #include "site/move_climatic_files.h"
 #include "site/site_screen.h"
 #include "ui/qt_dialogs.h"
@@ -22,9 +20,7 @@
 namespace zelmo::ui {
 namespace {
 
-using testing::FakeSession;
 using testing::ReadBytes;
-using testing::TempDir;
 using testing::WriteBytes;
 
 constexpr const char* kKeys =
@@ -34,8 +30,7 @@ constexpr const char* kKeys =
 void ClickItem(QListWidget* list, const QString& text) {
   auto found = list->findItems(text, Qt::MatchExactly);
   ASSERT_EQ(found.size(), 1) << text.toStdString();
-  QRect rect = list->visualItemRect(found[0]);
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
 }
 
 // Clicks a check box or option on its box, whatever the width of the widget.
@@ -45,19 +40,16 @@ void ClickBox(QAbstractButton* box) {
 }
 
 TEST(SiteView, ChoosesAClimateFileRefusesAFaultAndSaves) {
-  TestApp();
-  TempDir dir;
-  FakeSession fake;
+  testing::TempDir dir;
+  testing::FakeSession fake;
   fake.ws().SystemPath = dir.path();
   fake.ws().CasePath = dir / "case1";
   WriteBytes(dir / "case1/THERMAL.INP", "------\r\n");
   WriteBytes(dir / "Climate/Sthlm.CLI", std::string("X1 Stockholm\r\n") + kKeys);
   WriteBytes(dir / "Climate/Calm.cli", std::string("X0 no wind\r\n") + kKeys);
   Site site(fake.session);
-  std::unique_ptr<QDialog> dialog(BuildScreen(site, fake.session));
+  auto dialog = ShowScreen(site, fake.session);
   ASSERT_TRUE(dialog);
-  dialog->show();
-  EXPECT_EQ(dialog->windowTitle(), "Site / Period / Climate");
   EXPECT_EQ(dialog->findChild<QLabel*>("Label2")->text(),
             QString::fromUtf8("°   ( -90.0 to 90.0, positive to the north )"));
   auto* files = dialog->findChild<QListWidget*>("File1");
@@ -65,19 +57,18 @@ TEST(SiteView, ChoosesAClimateFileRefusesAFaultAndSaves) {
   auto* terrain = dialog->findChild<QGroupBox*>("Terrain");
   auto* winddata = dialog->findChild<QLabel*>("Winddata");
   auto* latitude = dialog->findChild<QLineEdit*>("Latitude");
-  ASSERT_TRUE(files && wind && terrain && winddata && latitude);
+  auto* ok = dialog->findChild<QPushButton*>("Command1");
+  ASSERT_TRUE(files && wind && terrain && winddata && latitude && ok);
   EXPECT_EQ(files->count(), 2);
-  EXPECT_FALSE(dialog->findChild<QLabel*>("Winddata")->isVisible());
+  EXPECT_FALSE(winddata->isVisible());
 
   ClickItem(files, "Calm.cli");
   EXPECT_EQ(latitude->text(), "59.35");
   EXPECT_FALSE(wind->isVisible());
   EXPECT_EQ(winddata->text(), "Hourly wind data is not used in HVAC-calculations");
   EXPECT_EQ(winddata->palette().color(QPalette::WindowText), QColor(250, 0, 0));
-
   ClickItem(files, "Sthlm.CLI");
-  EXPECT_TRUE(wind->isVisible());
-  EXPECT_FALSE(terrain->isVisible());
+  EXPECT_TRUE(wind->isVisible() && !terrain->isVisible());
   ClickBox(wind);
   EXPECT_TRUE(terrain->isVisible());
   ClickBox(dialog->findChild<QRadioButton*>("Option5(3)"));
@@ -92,35 +83,29 @@ TEST(SiteView, ChoosesAClimateFileRefusesAFaultAndSaves) {
   EXPECT_EQ(latitude->text(), "");
   ClickItem(files, "Sthlm.CLI");
   fake.dialogs.Clear();
-  SaveShot(dialog.get(), "Site");
 
+  // A refusal keeps the window, the faulty field focused with its text selected.
   latitude->selectAll();
   QTest::keyClicks(latitude, "95");
-  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-  ASSERT_EQ(fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(fake.dialogs.Last().text, "Latitude must be a value (-90 -  90)\r");
+  QTest::mouseClick(ok, Qt::LeftButton);
+  EXPECT_EQ(fake.dialogs.Texts(), testing::Strings{"Latitude must be a value (-90 -  90)\r"});
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_EQ(dialog->focusWidget(), latitude);
   EXPECT_EQ(latitude->selectedText(), "95");
-
   QTest::keyClicks(latitude, "59.3");
-  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  QTest::mouseClick(ok, Qt::LeftButton);
   EXPECT_TRUE(site.unloaded);
   EXPECT_EQ(ReadBytes(dir / "case1/SITE.INP").substr(0, 13), "59.3\t 1\t 3\t\r\n");
   EXPECT_EQ(ReadBytes(dir / "case1/THERMAL.INP"), "----XX\r\n");
 }
 
 TEST(GenParsView, ShowsTheDefaultsAndFollowsTheOptions) {
-  TestApp();
-  TempDir dir;
-  FakeSession fake;
+  testing::TempDir dir;
+  testing::FakeSession fake;
   fake.ws().CasePath = dir.path();
   GenPars pars(fake.session);
-  std::unique_ptr<QDialog> dialog(BuildScreen(pars, fake.session));
+  auto dialog = ShowScreen(pars, fake.session);
   ASSERT_TRUE(dialog);
-  dialog->show();
-  SaveShot(dialog.get(), "GenPars");
-  EXPECT_EQ(dialog->windowTitle(), "General Parameters");
   auto* inter = dialog->findChild<QLineEdit*>("Inter");
   auto* exter = dialog->findChild<QLineEdit*>("Exter");
   ASSERT_TRUE(inter && exter);
@@ -137,19 +122,15 @@ TEST(GenParsView, ShowsTheDefaultsAndFollowsTheOptions) {
 }
 
 TEST(MoveClimaticFilesView, ListsTheClimateFilesOfTheChosenFolder) {
-  TestApp();
-  TempDir dir;
-  FakeSession fake;
+  testing::TempDir dir;
+  testing::FakeSession fake;
   fake.ws().SystemPath = dir / "Zelmo";
   fake.ws().LocalPath = dir / "Downloads";
   WriteBytes(dir / "Downloads/Lund.cli", "lund");
   WriteBytes(dir / "Downloads/old/Kiruna.CLI", "kiruna");
   MoveClimaticFiles screen(fake.session);
-  std::unique_ptr<QDialog> dialog(BuildScreen(screen, fake.session));
+  auto dialog = ShowScreen(screen, fake.session);
   ASSERT_TRUE(dialog);
-  dialog->show();
-  SaveShot(dialog.get(), "MoveClimaticFiles");
-  EXPECT_EQ(dialog->windowTitle(), "Move climatic data files to ZELMO-QRN");
   auto* dirs = dialog->findChild<QListWidget*>("Dir1");
   auto* files = dialog->findChild<QListWidget*>("File1");
   ASSERT_TRUE(dirs && files);

@@ -8,12 +8,8 @@
 #include <QTest>
 #include <memory>
 
-#include "core/fields.h"
-#include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
-#include "ui/qt_dialogs.h"
-#include "ui/qt_text.h"
 #include "ui/test_support.h"
 #include "workspace/case_screens.h"
 #include "workspace/project_screens.h"
@@ -36,19 +32,11 @@ class StoreViews : public ::testing::Test {
                         "base - Base case, north facade\r\nshade - With external shading\r\n");
   }
 
-  // Builds the screen's window, shows it and saves its picture.
-  std::unique_ptr<QDialog> Show(Form& form) {
-    std::unique_ptr<QDialog> dialog(BuildScreen(form, fake.session));
-    EXPECT_TRUE(dialog) << form.name();
-    if (!dialog) return dialog;
-    dialog->show();
-    SaveShot(dialog.get(), form.name());
-    EXPECT_EQ(S(dialog->windowTitle()), form.caption);
-    // Every control of the model has its widget.
-    for (const Control* control : form.controls()) {
-      EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();
-    }
-    return dialog;
+  std::unique_ptr<QDialog> Show(Form& form) { return ShowScreen(form, fake.session); }
+  void ClickRow(QDialog& dialog, int row) {
+    auto* list = dialog.findChild<QListWidget*>("List1");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(row)).center());
   }
 
   testing::TempDir dir;
@@ -80,17 +68,13 @@ TEST_F(StoreViews, ProjectScreens) {
   dialog = Show(ren_project);
   EXPECT_EQ(dialog->findChild<QLineEdit*>("Text1")->maxLength(), 20);
   // A click on an item puts its name in the field.
-  auto* list = dialog->findChild<QListWidget*>("List1");
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                    list->visualItemRect(list->item(1)).center());
+  ClickRow(*dialog, 1);
   EXPECT_EQ(dialog->findChild<QLineEdit*>("Text1")->text(), "school");
   DelProject del_project(fake.session, main);
   dialog = Show(del_project);
   auto* del = dialog->findChild<QPushButton*>("Command1");
   EXPECT_FALSE(del->isEnabled());
-  list = dialog->findChild<QListWidget*>("List1");
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                    list->visualItemRect(list->item(2)).center());
+  ClickRow(*dialog, 2);
   EXPECT_TRUE(del->isEnabled());
 }
 

@@ -2,10 +2,20 @@
 // screenshots of a window when ZELMO_SHOT_DIR names a folder.
 #pragma once
 
-#include <QApplication>
-#include <QWidget>
-#include <string>
+#include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDialog>
+#include <QTableWidget>
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/controls.h"
+#include "core/session.h"
+#include "ui/qt_dialogs.h"
+#include "ui/qt_text.h"
 #include "ui/views.h"
 
 namespace zelmo::ui {
@@ -26,6 +36,35 @@ inline void SaveShot(QWidget* widget, const std::string& name) {
   QByteArray dir = qgetenv("ZELMO_SHOT_DIR");
   if (dir.isEmpty() || !widget) return;
   widget->grab().save(QString::fromLocal8Bit(dir) + "/" + QString::fromStdString(name) + ".png");
+}
+
+// A screen's window, built and shown with its picture saved: it bears the
+// screen's caption and a widget for every control.
+inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
+  TestApp();
+  std::unique_ptr<QDialog> dialog(BuildScreen(form, session));
+  EXPECT_TRUE(dialog) << form.name();
+  if (!dialog) return dialog;
+  dialog->show();
+  SaveShot(dialog.get(), form.name());
+  EXPECT_EQ(S(dialog->windowTitle()), form.caption);
+  for (const Control* control : form.controls()) {
+    EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();
+  }
+  return dialog;
+}
+
+// The cells of a table widget, a string a row with its cells joined by "|".
+inline std::vector<std::string> Cells(const QTableWidget* table) {
+  std::vector<std::string> rows;
+  for (int r = 0; r < table->rowCount(); ++r) {
+    QStringList row;
+    for (int c = 0; c < table->columnCount(); ++c) {
+      row << (table->item(r, c) ? table->item(r, c)->text() : QString());
+    }
+    rows.push_back(S(row.join("|")));
+  }
+  return rows;
 }
 
 }  // namespace zelmo::ui
