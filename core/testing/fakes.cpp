@@ -18,6 +18,12 @@ void PrintTo(const ShownMessage& message, std::ostream* out) {
   *out << "{\"" << message.text << "\", " << message.style << ", \"" << message.title << "\"}";
 }
 
+void PrintTo(const RunCall& call, std::ostream* out) {
+  *out << "{\"" << call.program << "\", {";
+  for (const auto& argument : call.arguments) *out << "\"" << argument << "\" ";
+  *out << "}, " << call.window_mode << "}";
+}
+
 Answer FakeDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
   messages.push_back({text, style, title});
   if (!answers.empty()) {
@@ -175,6 +181,9 @@ void Fill(Form& form, const Strings& settings) {
     if (at == std::string::npos || !control) throw std::invalid_argument("no control: " + setting);
     if (setting[at] == '=') {
       control->text = setting.substr(at + 1);
+    } else if (control->kind() == ControlKind::kCheckBox ||
+               control->kind() == ControlKind::kOption) {
+      control->value = std::stoi(setting.substr(at + 1));
     } else {
       control->list_index = std::stoi(setting.substr(at + 1));
     }

@@ -72,7 +72,9 @@ struct RunCall {
   std::string program;
   std::vector<std::string> arguments;
   int window_mode = 0;
+  bool operator==(const RunCall&) const = default;
 };
+void PrintTo(const RunCall& call, std::ostream* out);
 
 class FakeProcessRunner : public ProcessRunner {
  public:
@@ -138,7 +140,8 @@ std::string FileErrorText(const std::function<void()>& operation);
 Strings Words(const std::string& text);
 
 // Fills a screen's controls as a user leaves them, without their events:
-// "Name=text" sets a text, "Name#3" a list index.
+// "Name=text" sets a text, "Name#3" a list index or the value of a check or
+// option box.
 void Fill(Form& form, const Strings& settings);
 
 // The cells of a grid, a string a row with its cells joined by "|".
