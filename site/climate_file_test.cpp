@@ -9,6 +9,18 @@ namespace {
 
 using testing::WriteBytes;
 
+// The keys of a climate file: latitude, longitude, time meridian, first and
+// last day.
+std::string Keys(testing::FakeDialogs& dialogs, const std::string& file) {
+  std::string keys;
+  for (ClimateKey key : {ClimateKey::kLatitude, ClimateKey::kLongitude, ClimateKey::kTimem}) {
+    keys += ReadClimateKey(dialogs, file, key) + "|";
+  }
+  ClimateDates d = ReadClimateDates(dialogs, file);
+  return keys + d.first_year + "." + d.first_month + "." + d.first_day + "|" + d.last_year + "." +
+         d.last_month + "." + d.last_day;
+}
+
 TEST(ClimateFile, KeysAnywhereInALineAndInAnyCase) {
   testing::TempDir dir;
   testing::FakeDialogs dialogs;
@@ -20,16 +32,7 @@ TEST(ClimateFile, KeysAnywhereInALineAndInAnyCase) {
              "x time Meridian:15 \r\n"
              "First 1:ST DAY: 1995.01.02\r\n"
              "LAST day:1995.12.31\r\n");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kLatitude), "55.72");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kLongitude), "13.2");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kTimem), "15");
-  ClimateDates dates = ReadClimateDates(dialogs, file);
-  EXPECT_EQ(dates.first_year, "1995");
-  EXPECT_EQ(dates.first_month, "01");
-  EXPECT_EQ(dates.first_day, "02");
-  EXPECT_EQ(dates.last_year, "1995");
-  EXPECT_EQ(dates.last_month, "12");
-  EXPECT_EQ(dates.last_day, "31");
+  EXPECT_EQ(Keys(dialogs, file), "55.72|13.2|15|1995.01.02|1995.12.31");
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(ReadWindMark(" " + file + " "), std::optional<bool>(true));
 }
@@ -39,28 +42,18 @@ TEST(ClimateFile, MissingKeysAreReportedWithThePath) {
   testing::FakeDialogs dialogs;
   const std::string file = dir / "Bare.cli";
   WriteBytes(file, "X0 no keys here\r\n");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kLatitude), "");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kLongitude), "");
-  EXPECT_EQ(ReadClimateKey(dialogs, file, ClimateKey::kTimem), "");
-  ClimateDates dates = ReadClimateDates(dialogs, file);
-  EXPECT_EQ(dates.first_year + dates.last_day, "");
-  ASSERT_EQ(dialogs.messages.size(), 5u);
-  EXPECT_EQ(dialogs.messages[0].text,
-            " No entry for the latitude was found in the climate data file " + file);
-  EXPECT_EQ(dialogs.messages[0].title, "Latitude");
-  EXPECT_EQ(dialogs.messages[0].style, mb::kExclamation);
-  EXPECT_EQ(dialogs.messages[1].text,
-            " No entry for the longitude was found in the climate data file " + file);
-  EXPECT_EQ(dialogs.messages[1].title, "Longitude");
-  EXPECT_EQ(dialogs.messages[2].text,
-            " No entry for the time meridian was found in the climate data file " + file);
-  EXPECT_EQ(dialogs.messages[2].title, "Timem");
-  EXPECT_EQ(dialogs.messages[3].text,
-            " No entry for the Start date was found in the climate data file " + file);
-  EXPECT_EQ(dialogs.messages[3].title, "Latitude");
-  EXPECT_EQ(dialogs.messages[4].text,
-            " No entry for the End date was found in the climate data file " + file);
-  EXPECT_EQ(dialogs.messages[4].title, "Latitude");
+  EXPECT_EQ(Keys(dialogs, file), "|||..|..");
+  std::vector<testing::ShownMessage> expected;
+  for (auto [what, title] : {std::pair{"latitude", "Latitude"},
+                             {"longitude", "Longitude"},
+                             {"time meridian", "Timem"},
+                             {"Start date", "Latitude"},
+                             {"End date", "Latitude"}}) {
+    expected.push_back(
+        {" No entry for the " + std::string(what) + " was found in the climate data file " + file,
+         mb::kExclamation, title});
+  }
+  EXPECT_EQ(dialogs.messages, expected);
   EXPECT_EQ(ReadWindMark(file), std::optional<bool>(false));
   EXPECT_EQ(ReadWindMark(dir / "missing.cli"), std::nullopt);
 }

@@ -25,8 +25,9 @@ TEST(MoveClimaticFiles, CopiesTheListedFilesIntoTheClimateFolder) {
   EXPECT_EQ(screen.caption, "Move climatic data files to ZELMO-QRN");
   EXPECT_EQ(screen.Selecteddirectory.caption, dir / "Downloads");
   screen.Copy.on_click();
-  EXPECT_EQ(fake.dialogs.Last().text, "There are no files to copy");
-  EXPECT_EQ(fake.dialogs.Last().title, "Check of copy climatic data files");
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"There are no files to copy", mb::kExclamation,
+                                   "Check of copy climatic data files"}));
 
   WriteBytes(dir / "Downloads/Lund.cli", "lund");
   WriteBytes(dir / "Downloads/Kiruna.CLI", "kiruna");
@@ -40,16 +41,18 @@ TEST(MoveClimaticFiles, CopiesTheListedFilesIntoTheClimateFolder) {
   screen.Dir1.on_dbl_click();
   EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"Kiruna.CLI", "Lund.cli"}));
   screen.Copy.on_click();
-  EXPECT_EQ(fake.dialogs.Last().text, "Climatic files are successfully moved to ZELMO-QRN ");
-  EXPECT_EQ(fake.dialogs.Last().title, "Move message");
-  EXPECT_EQ(ReadBytes(dir / "Zelmo/Climate/Lund.cli"), "lund");
-  EXPECT_EQ(ReadBytes(dir / "Zelmo/Climate/Kiruna.CLI"), "kiruna");
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"Climatic files are successfully moved to ZELMO-QRN ",
+                                   mb::kInformation, "Move message"}));
+  EXPECT_EQ(ReadBytes(dir / "Zelmo/Climate/Lund.cli") + ReadBytes(dir / "Zelmo/Climate/Kiruna.CLI"),
+            "lundkiruna");
 
   // A file gone before the move.
   DeleteFile(dir / "Downloads/Lund.cli");
   screen.Copy.on_click();
-  EXPECT_EQ(fake.dialogs.Last().text, "Some problems occurred when moving, no files are moved");
-  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"Some problems occurred when moving, no files are moved",
+                                   mb::kExclamation, "Error message"}));
   screen.Ok.on_click();
   EXPECT_TRUE(screen.unloaded);
 }
