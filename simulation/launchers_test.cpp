@@ -48,22 +48,13 @@ TEST(Launchers, LineDiagramAndComfortCommandLines) {
   RunThermalComfort(c.fake.session);
   std::filesystem::remove(ToFsPath(c.case_file("Felt.GGG")));
   RunVisualComfort(c.fake.session);
-  const auto& calls = c.fake.processes.calls;
-  ASSERT_EQ(calls.size(), 5u);
-  EXPECT_EQ(calls[0].program, JoinPath("/z/DIAGRAM", "RSDiagram.EXE"));
-  EXPECT_EQ(calls[0].arguments, std::vector<std::string>{arg});
-  EXPECT_EQ(calls[0].window_mode, 5);
-  EXPECT_EQ(calls[1].program, JoinPath("/z/FELT", "Felt.EXE"));
-  EXPECT_EQ(calls[1].arguments, std::vector<std::string>{arg});
-  EXPECT_EQ(calls[1].window_mode, 7);
-  EXPECT_EQ(calls[2].program, JoinPath("/z/FELT", "TrvComf.EXE"));
-  EXPECT_EQ(calls[2].arguments, std::vector<std::string>{arg + "Felt"});
-  EXPECT_EQ(calls[2].window_mode, 5);
-  EXPECT_EQ(calls[3].program, JoinPath("/z/FELT", "Felt.EXE"));
-  EXPECT_EQ(calls[3].window_mode, 7);
-  EXPECT_EQ(calls[4].program, JoinPath("/z/FELT", "TRVdaylight.exe"));
-  EXPECT_EQ(calls[4].arguments, std::vector<std::string>{c.ws().CasePath});
-  EXPECT_EQ(calls[4].window_mode, 5);
+  const RunCall felt{JoinPath("/z/FELT", "Felt.EXE"), {arg}, 7};
+  EXPECT_EQ(c.fake.processes.calls,
+            (std::vector<RunCall>{{JoinPath("/z/DIAGRAM", "RSDiagram.EXE"), {arg}, 5},
+                                  felt,
+                                  {JoinPath("/z/FELT", "TrvComf.EXE"), {arg + "Felt"}, 5},
+                                  felt,
+                                  {JoinPath("/z/FELT", "TRVdaylight.exe"), {c.ws().CasePath}, 5}}));
   EXPECT_TRUE(c.fake.dialogs.messages.empty());
 }
 
@@ -72,11 +63,10 @@ TEST(Launchers, ComfortRefusals) {
   // No Felt.GGG after Felt.EXE: the viewer is not started.
   c.fake.processes.on_run = nullptr;
   RunThermalComfort(c.fake.session);
-  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
-  ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "No Comfort calculations has been done");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Comfort");
-  EXPECT_EQ(c.fake.dialogs.Last().style, 48);
+  EXPECT_EQ(c.fake.processes.calls.size(), 1u);
+  const testing::ShownMessage none{"No Comfort calculations has been done", mb::kExclamation,
+                                   "Comfort"};
+  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>{none});
 
   // No volume chosen for comfort, or only one the elements no longer name:
   // nothing starts.
@@ -88,8 +78,7 @@ TEST(Launchers, ComfortRefusals) {
              "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n3\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
   RunThermalComfort(c.fake.session);
   EXPECT_TRUE(c.fake.processes.calls.empty());
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 4u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "No Comfort calculations has been done");
+  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>(4, none));
 
   // After a failed run the error screen shows code 701 and nothing starts.
   WriteBytes(c.dir / "ErrorCodesZelmo/ErrorsZelmo.err", "701 ZELMO-QRN\r\nRun again.\r\n");
@@ -114,18 +103,16 @@ TEST(Launchers, UsersManualThroughTheRegisteredReader) {
   std::filesystem::create_directories(ToFsPath(fake.ws().MainDirectory));
   fake.desktop.registered_program = "C:\\Reader\\AcroRd32.exe /s";
   ShowUsersManual(fake.session);
-  ASSERT_EQ(fake.processes.calls.size(), 1u);
-  EXPECT_EQ(fake.processes.calls[0].program, "C:\\Reader\\AcroRd32.exe");
   std::string root = FromFsPath(ToFsPath(dir.path()).root_path());
-  EXPECT_EQ(fake.processes.calls[0].arguments,
-            std::vector<std::string>{root + JoinPath("document", "CD_Zelmo4w4.pdf")});
-  EXPECT_EQ(fake.processes.calls[0].window_mode, 5);
+  const std::vector<RunCall> reader = {
+      {"C:\\Reader\\AcroRd32.exe", {root + JoinPath("document", "CD_Zelmo4w4.pdf")}, 5}};
+  EXPECT_EQ(fake.processes.calls, reader);
   EXPECT_TRUE(FileCanOpen(dir / "TGZELMO/pq.pdf"));
 
   fake.desktop.has_registered_program = false;
   ShowUsersManual(fake.session);
-  EXPECT_EQ(fake.processes.calls.size(), 1u);
-  EXPECT_EQ(fake.dialogs.Last().text, "No Excel program was found ! ");
+  EXPECT_EQ(fake.processes.calls, reader);
+  EXPECT_EQ(fake.dialogs.Texts(), testing::Strings{"No Excel program was found ! "});
 }
 
 }  // namespace

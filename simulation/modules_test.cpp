@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "simulation/module_error.h"
@@ -14,85 +17,45 @@ using testing::ReadBytes;
 using testing::TempDir;
 using testing::WriteBytes;
 
-struct Status {
-  bool ok = false;
-  int code = -99;
+// What the status file of the case says: "ok" or "failed", the code, the
+// module, the text and the number.
+std::string Status(const Workspace& ws, int code = -99) {
   std::string module = "unset", text = "unset";
   double number = -1;
-};
-
-Status Read(const Workspace& ws, int code_before = -99) {
-  Status s;
-  s.code = code_before;
-  s.ok = ReadStatusFile(ws, s.code, s.module, s.text, s.number);
-  return s;
+  bool ok = ReadStatusFile(ws, code, module, text, number);
+  std::ostringstream status;
+  status << (ok ? "ok " : "failed ") << code << "|" << module << "|" << text << "|" << number;
+  return status.str();
 }
 
-TEST(StatusFile, InitWritesTheStartBytesAndReadsAsSuccess) {
+TEST(StatusFile, InitCodesAndTheFileCutShort) {
   TempDir dir;
   Workspace ws;
   ws.CasePath = dir.path();
   ASSERT_TRUE(InitStatusFile(ws));
   EXPECT_EQ(ReadBytes(dir / "ECM.Dat"), "    0 Start     \r\nTOM\r\n0\r\n");
-  Status s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.code, 0);
-  EXPECT_EQ(s.module, "Start");
-  EXPECT_EQ(s.text, "TOM");
-  EXPECT_EQ(s.number, 0);
-}
-
-TEST(StatusFile, CodesZeroNegativePositiveAndNone) {
-  TempDir dir;
-  Workspace ws;
-  ws.CasePath = dir.path();
-  WriteBytes(dir / "ECM.Dat", "    0 PLOR      \r\nDone\r\n 12.5\r\n");
-  Status s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.module, "PLOR");
-  EXPECT_EQ(s.text, "Done");
-  EXPECT_EQ(s.number, 12.5);
-
-  // A negative code is no error, and comes back as its absolute value.
-  WriteBytes(dir / "ECM.Dat", "   -7 NEB\r\nx\r\n0\r\n");
-  s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.code, 7);
-  EXPECT_EQ(s.module, "NEB");
-
-  // Free format: a comma ends a field, a quoted text is taken whole.
-  WriteBytes(dir / "ECM.Dat", "203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n");
-  s = Read(ws);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 203);
-  EXPECT_EQ(s.module, "CORV, pass 2");
-  EXPECT_EQ(s.text, "Wall 5");
-  EXPECT_EQ(s.number, 3);
-
+  EXPECT_EQ(Status(ws), "ok 0|Start|TOM|0");
+  const std::pair<const char*, const char*> files[] = {
+      {"    0 PLOR      \r\nDone\r\n 12.5\r\n", "ok 0|PLOR|Done|12.5"},
+      // A negative code is no error, and comes back as its absolute value.
+      {"   -7 NEB\r\nx\r\n0\r\n", "ok 7|NEB|x|0"},
+      // Free format: a comma ends a field, a quoted text is taken whole.
+      {"203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n", "failed 203|CORV, pass 2|Wall 5|3"}};
+  for (const auto& [bytes, status] : files) {
+    WriteBytes(dir / "ECM.Dat", bytes);
+    EXPECT_EQ(Status(ws), status);
+  }
   // The file's name is found whatever its case.
-  std::filesystem::remove(ToFsPath(dir / "ECM.Dat"));
+  DeleteFile(dir / "ECM.Dat");
   WriteBytes(dir / "ecm.dat", "  401 FENT      \r\nTOM\r\n0\r\n");
-  s = Read(ws);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 401);
-  EXPECT_EQ(s.module, "FENT");
-
+  EXPECT_EQ(Status(ws), "failed 401|FENT|TOM|0");
   // No file: module "??", failure, the code as it was.
-  std::filesystem::remove(ToFsPath(dir / "ecm.dat"));
-  s = Read(ws, 5);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 5);
-  EXPECT_EQ(s.module, "??");
-
+  DeleteFile(dir / "ecm.dat");
+  EXPECT_EQ(Status(ws, 5).substr(0, 12), "failed 5|??|");
   // A file cut short is reported with its name and line.
   WriteBytes(dir / "ECM.Dat", "    3 DANE\r\n");
-  try {
-    Read(ws);
-    FAIL() << "a file cut short must be reported";
-  } catch (const FileError& e) {
-    EXPECT_EQ(e.line(), 2);
-    EXPECT_EQ(e.path(), dir / "ECM.Dat");
-  }
+  EXPECT_EQ(testing::FileErrorText([&ws] { Status(ws); }),
+            "Input past end of file\r" + (dir / "ECM.Dat") + ", line 2");
 }
 
 TEST(RunModule, StartsTheModuleOnTheCaseFolderWithoutFocus) {
@@ -100,28 +63,23 @@ TEST(RunModule, StartsTheModuleOnTheCaseFolderWithoutFocus) {
   fake.ws().ThermalDirectory = "/opt/zelmo/TZELMO";
   fake.ws().CasePath = "/data/my proj/case1";
   RunModule(fake.session, "PLOR.EXE");
-  ASSERT_EQ(fake.processes.calls.size(), 1u);
-  const auto& call = fake.processes.calls[0];
-  EXPECT_EQ(call.program, JoinPath("/opt/zelmo/TZELMO", "PLOR.EXE"));
-  EXPECT_EQ(call.arguments, std::vector<std::string>{JoinPath("/data/my proj/case1", "")});
-  EXPECT_EQ(call.window_mode, 7);
+  EXPECT_EQ(
+      fake.processes.calls,
+      (std::vector<testing::RunCall>{
+          {JoinPath("/opt/zelmo/TZELMO", "PLOR.EXE"), {JoinPath("/data/my proj/case1", "")}, 7}}));
 }
 
-// The error table walk, with the Errform screen recorded as it is shown.
-struct ShownError {
-  std::string title, text;
-};
-
-std::vector<ShownError> ShowError(const std::string& table, int code, const std::string& text,
-                                  int show_text) {
+// The error table walk: the title and text of each Errform shown.
+testing::Strings ShowError(const std::string& table, int code, const std::string& text,
+                           int show_text) {
   TempDir dir;
   FakeSession fake;
   fake.ws().ProgramDirectory = dir.path();
   if (!table.empty()) WriteBytes(dir / "ErrorCodesZelmo/ErrorsZelmo.err", table);
-  std::vector<ShownError> shown;
+  testing::Strings shown;
   fake.dialogs.screens["Errform"] = [&shown](Form& form) {
     auto& err = static_cast<Errform&>(form);
-    shown.push_back({err.caption, err.Label1.caption});
+    shown.push_back(err.caption + "|" + err.Label1.caption);
     err.Command1.on_click();
     EXPECT_TRUE(err.unloaded);
   };
@@ -143,19 +101,12 @@ TEST(ModuleError, WalksTheTableEntryByEntry) {
       "Not an entry\r\n"
       "012 FENT\r\n"
       "Third";
-  auto shown = ShowError(table, 12, "ignored", 0);
-  ASSERT_EQ(shown.size(), 3u);
-  EXPECT_EQ(shown[0].title, "Error  12 in module PLOR");
-  EXPECT_EQ(shown[0].text, "First line of 12. 1234 is part of the text ");
-  EXPECT_EQ(shown[1].title, "Error  12 in module CORV second");
-  EXPECT_EQ(shown[1].text, "Again 12 ");
-  EXPECT_EQ(shown[2].title, "Error  12 in module FENT");
-  EXPECT_EQ(shown[2].text, "Third ");
-
-  shown = ShowError(table, 123, "Previous text   ", 1);
-  ASSERT_EQ(shown.size(), 1u);
-  EXPECT_EQ(shown[0].title, "Error  123 in module NEB");
-  EXPECT_EQ(shown[0].text, "Previous text\r\nText of 123 ");
+  EXPECT_EQ(ShowError(table, 12, "ignored", 0),
+            (testing::Strings{
+                "Error  12 in module PLOR|First line of 12. 1234 is part of the text ",
+                "Error  12 in module CORV second|Again 12 ", "Error  12 in module FENT|Third "}));
+  EXPECT_EQ(ShowError(table, 123, "Previous text   ", 1),
+            testing::Strings{"Error  123 in module NEB|Previous text\r\nText of 123 "});
 
   EXPECT_TRUE(ShowError(table, 55, "x", 1).empty());
   EXPECT_TRUE(ShowError("", 12, "x", 1).empty());  // no table: nothing shown

@@ -49,18 +49,18 @@ TEST(Results, ListsCasesTypesAndFiles) {
   ResultsCase c;
   Results screen(c.fake.session);
   screen.Load();
-  EXPECT_EQ(screen.caption, "TextFiles");
-  EXPECT_EQ(screen.Label1.caption, "Existing cases - Project : office");
-  EXPECT_EQ(screen.CaseList.items, (std::vector<std::string>{"case1 - First", "case2 - Second"}));
+  EXPECT_EQ(screen.caption + "|" + screen.Label1.caption,
+            "TextFiles|Existing cases - Project : office");
+  EXPECT_EQ(screen.CaseList.items, (testing::Strings{"case1 - First", "case2 - Second"}));
   EXPECT_EQ(screen.CaseList.list_index, 1);
-  EXPECT_EQ(screen.TypeList.items, (std::vector<std::string>{"LIS", "TXT"}));
+  EXPECT_EQ(screen.TypeList.items, (testing::Strings{"LIS", "TXT"}));
   EXPECT_EQ(screen.FilePath(), c.dir / "office/case2");
   EXPECT_EQ(screen.File1.items.size(), 3u);  // no type chosen: every file
 
   Select(screen.TypeList, "LIS");
   screen.TypeList.on_click();
   EXPECT_EQ(screen.FilePattern(), "*.LIS");
-  EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"muk.lis", "PLOR.LIS"}));
+  EXPECT_EQ(screen.File1.items, (testing::Strings{"muk.lis", "PLOR.LIS"}));
 
   Select(screen.CaseList, "case1 - First");
   screen.CaseList.on_click();
@@ -74,8 +74,7 @@ TEST(Results, ListsCasesTypesAndFiles) {
   EXPECT_TRUE(empty.File1.items.empty());
   empty.File1.on_click();
   empty.File1.on_dbl_click();
-  EXPECT_TRUE(c.fake.processes.calls.empty());
-  EXPECT_TRUE(c.fake.dialogs.messages.empty());
+  EXPECT_TRUE(c.fake.processes.calls.empty() && c.fake.dialogs.messages.empty());
 }
 
 TEST(Results, ShowsPrintsAndOpensAReport) {
@@ -90,32 +89,28 @@ TEST(Results, ShowsPrintsAndOpensAReport) {
   EXPECT_EQ(screen.Text1.text, "PLOR report\r\nline 2\r\n");
   EXPECT_TRUE(screen.Command1.visible);
   screen.Command1.on_click();
-  EXPECT_EQ(c.fake.desktop.printed, std::vector<std::string>{"PLOR report\r\nline 2\r\n"});
+  EXPECT_EQ(c.fake.desktop.printed, testing::Strings{screen.Text1.text});
 
   // Without the editor in the program tree the registered program opens it.
   std::string path = c.dir / "office/case2/PLOR.LIS";
   screen.File1.on_dbl_click();
-  EXPECT_EQ(c.fake.desktop.opened, std::vector<std::string>{path});
+  EXPECT_EQ(c.fake.desktop.opened, testing::Strings{path});
   EXPECT_TRUE(c.fake.processes.calls.empty());
   WriteBytes(c.dir / "TGZELMO/QEDITOR.EXE", "");
   screen.File1.on_dbl_click();
-  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
-  EXPECT_EQ(c.fake.processes.calls[0].program, c.dir / "TGZELMO/QEDITOR.EXE");
-  EXPECT_EQ(c.fake.processes.calls[0].arguments, std::vector<std::string>{path});
-  EXPECT_EQ(c.fake.processes.calls[0].window_mode, 5);
+  const std::vector<testing::RunCall> editor = {{c.dir / "TGZELMO/QEDITOR.EXE", {path}, 5}};
+  EXPECT_EQ(c.fake.processes.calls, editor);
   EXPECT_EQ(screen.caption, "Results - " + ToLower(path));
 
   std::filesystem::remove(ToFsPath(path));
   screen.File1.on_dbl_click();
-  EXPECT_EQ(c.fake.processes.calls.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Can not find the file " + path);
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  EXPECT_EQ(c.fake.dialogs.Last().style, 48);
-
+  EXPECT_EQ(c.fake.processes.calls, editor);
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (testing::ShownMessage{"Can not find the file " + path, mb::kExclamation, "MESSAGE"}));
   screen.Command3.on_click();
-  ASSERT_EQ(c.fake.desktop.help_calls.size(), 1u);
-  EXPECT_EQ(c.fake.desktop.help_calls[0].first, c.dir / "Help_English/ZELMO_e.chm");
-  EXPECT_EQ(c.fake.desktop.help_calls[0].second, 12120);
+  EXPECT_EQ(
+      c.fake.desktop.help_calls,
+      (std::vector<std::pair<std::string, int>>{{c.dir / "Help_English/ZELMO_e.chm", 12120}}));
   screen.Command2.on_click();
   EXPECT_TRUE(screen.unloaded);
 }
@@ -138,10 +133,9 @@ TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
   EXPECT_EQ(ReadBytes(path), "1,5\t2,25\r\n3,0\r\n");
   EXPECT_FALSE(Exists(c.dir / "office/case2/TLOADS.TXT"));
   EXPECT_TRUE(Exists(c.dir / "TGZELMO/pq.xls"));
-  ASSERT_EQ(c.fake.processes.calls.size(), 1u);
-  EXPECT_EQ(c.fake.processes.calls[0].program, "C:\\Office\\EXCEL.EXE");
-  EXPECT_EQ(c.fake.processes.calls[0].arguments,
-            (std::vector<std::string>{c.dir / "TGZELMO/pq.xls", path}));
+  std::vector<testing::RunCall> calls = {
+      {"C:\\Office\\EXCEL.EXE", {c.dir / "TGZELMO/pq.xls", path}, 5}};
+  EXPECT_EQ(c.fake.processes.calls, calls);
 
   // A point system turns every comma into a point; a last line gets its end.
   WriteBytes(path, "1,5\t2,25\r\n3.0");
@@ -160,9 +154,8 @@ TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
   screen.Option1.value = 0;
   screen.Option2.value = 1;
   screen.File1.on_dbl_click();
-  ASSERT_EQ(c.fake.processes.calls.size(), 2u);
-  EXPECT_EQ(c.fake.processes.calls[1].arguments, std::vector<std::string>{path});
-  EXPECT_EQ(c.fake.processes.calls[1].window_mode, 5);
+  calls.push_back({"/usr/bin/editor", {path}, 5});
+  EXPECT_EQ(c.fake.processes.calls, calls);
 }
 
 }  // namespace
