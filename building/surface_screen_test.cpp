@@ -9,6 +9,7 @@
 namespace zelmo {
 namespace {
 
+using testing::Act;
 using testing::OuterWall;
 using testing::ShownMessage;
 using testing::Strings;
@@ -45,15 +46,10 @@ struct ScreenCase : SurfaceCase {
     return std::to_string(screen.CurrentElement) + "/" +
            std::to_string(screen.SurfList.list_index) + " " + screen.caption;
   }
-  void Click(int row) {
-    screen.SurfList.list_index = row;
-    screen.SurfListClick();
-  }
-  void DeleteAll() {
-    while (screen.table().SurfCount > 0) {
-      fake.dialogs.answers = {Answer::kYes};
-      screen.Delete();
-    }
+  // Deletes the current element, answering the question.
+  void Delete(Answer answer = Answer::kYes) {
+    fake.dialogs.answers = {answer};
+    screen.Delete();
   }
   std::vector<std::string> answers;
   std::vector<std::string> asked;
@@ -65,34 +61,34 @@ TEST(SurfaceScreen, LoadFillsTheListsAndShowsTheFirstElementWithItsDefaults) {
   auto sparse = OuterWall();
   for (int field : {2, 3, 16, 17, 18, 19}) sparse[field - 1] = "";
   c.Elements({{"South", sparse}, {"Roof", WithField(OuterWall(), 2, "0")}});
+  const std::string bytes = c.SurfaceBytes();
   Surface& s = c.screen;
   s.Load();
   EXPECT_EQ(s.SurfList.items, (Strings{"1  | South", "2  | Roof"}));
   EXPECT_EQ(c.Shown(), "1/0 Building element (South)");
   EXPECT_EQ(s.M_Wall.items, (Strings{"", "0  | Shading screen", "1  | Outer wall", "2  | Floor",
                                      "100| Last wall"}));
-  EXPECT_EQ(s.H_Wall.items.size(), 4u);
   EXPECT_EQ(s.M_Wind.items, (Strings{"", "1  | Double", "3  | Triple"}));
   EXPECT_EQ(s.H_MovIns.items, (Strings{"", "1  | Blind"}));
-  EXPECT_EQ(s.front.items.size(), 11u);
   EXPECT_EQ(
       s.front.items[1] + "|" + s.back.items[1] + "|" + s.back.items[9] + "|" + s.Shape.items[2],
       "Ground|Outdoor|Volume 8|3 Rectangle with a hole");
-  // The defaults of a record being shown, not stored.
-  EXPECT_EQ(s.Zenith.text + s.Azimuth.text + "|" + s.M_AbsF.text + s.M_AbsB.text + s.M_EmmF.text +
-                s.M_EmmB.text + "|" + s.table().SurfData[1][16],
-            "00|70709090|");
   EXPECT_EQ(
       (std::vector<int>{s.M_Wall.list_index, s.front.list_index, s.back.list_index, s.Excl.value}),
       (std::vector<int>{2, 2, 2, 1}));
   EXPECT_TRUE(s.MainWallFrame.enabled && s.A.enabled && s.B.enabled && s.Leakage.visible &&
               s.Command4.visible);
   EXPECT_FALSE(s.MainWinFrame.enabled || s.HoleWallFrame.enabled || s.C.enabled ||
-               s.LabelC.enabled || s.Dirty);
+               s.LabelC.enabled);
   EXPECT_EQ(s.LabelExcl.caption,
             "Assign value for leakage flow to all building elements excluding floors");
   EXPECT_EQ(s.LabelLeakage.caption, "Leakage flow at dP = 50 Pa");
-  EXPECT_TRUE(s.Command3D1.enabled && s.Command3D2.enabled && s.Command3D5.enabled);
+  // Defaults shown for empty fields are not stored.
+  EXPECT_EQ(s.Zenith.text + s.Azimuth.text + "|" + s.M_AbsF.text + s.M_AbsB.text + s.M_EmmF.text +
+                s.M_EmmB.text,
+            "00|70709090");
+  s.Ok();
+  EXPECT_EQ(c.SurfaceBytes(), bytes);
 
   // An empty building: only Add.
   ScreenCase empty;
@@ -102,15 +98,6 @@ TEST(SurfaceScreen, LoadFillsTheListsAndShowsTheFirstElementWithItsDefaults) {
   EXPECT_FALSE(e.Command3D2.enabled || e.Command3D3.enabled || e.Command3D4.enabled ||
                e.Command3D5.enabled || e.Zenith.enabled || e.LabelZenith.enabled ||
                e.Frame3D1.enabled);
-
-  // A gap left by an empty name line closes up: rows follow the slots.
-  ScreenCase gap;
-  gap.Elements({{"South", OuterWall()}});
-  testing::WriteBytes(gap.fake.ws().CasePath + "/SURFACE.INP",
-                      gap.SurfaceBytes() + "\r\n" + gap.SurfaceBytes());
-  gap.screen.Load();
-  EXPECT_EQ(gap.screen.SurfList.items, (Strings{"1  | South", "2  | South"}));
-  EXPECT_EQ(gap.screen.table().SurfData[2][9], "5");
 
   // A file cut inside a block does not open the screen.
   ScreenCase cut;
@@ -125,35 +112,25 @@ TEST(SurfaceScreen, AddCopyInsertDeleteMoveTheRightSlots) {
   s.Load();
   c.Names({"  New  "});
   s.Add();
-  EXPECT_EQ(c.asked, (Strings{"Add building element |Type name |10"}));
   EXPECT_EQ(c.Names(), (Strings{"A1", "B2", "New"}));
   EXPECT_EQ(c.Shown(), "3/2 Building element (New)");
-  EXPECT_EQ(s.table().SurfData[3][1] + s.table().SurfData[3][4] + s.table().SurfData[3][7], "00");
-  EXPECT_TRUE(s.Dirty);
   EXPECT_FALSE(s.M_AbsF.enabled || s.M_MovIns.enabled);  // nothing chosen yet
-
-  // The new element has no wall: it cannot be left.
-  c.Names({"Other"});
+  // The new element has no wall: it cannot be left, not even for a new one.
   s.Add();
   EXPECT_EQ(c.fake.dialogs.Last().text,
             "Front must be a value (-1 -  8)\rBack must be a value ( 0 -  8)\r"
             "A must be a value ( 0 -  999999)\rB must be a value ( 0 -  999999)\r"
             "A wall (main) must be selected\r");
-  EXPECT_EQ(c.Names().size(), 3u);
-  c.fake.dialogs.Clear();
-  c.Click(0);
+  Act(s, {"SurfList#0"});
   EXPECT_EQ(c.Shown(), "3/2 Building element (New)");
 
   // Delete the new one, then copy and insert around the second.
-  c.fake.dialogs.answers = {Answer::kYes};
-  s.Delete();
+  c.Delete();
   EXPECT_EQ(c.fake.dialogs.Last(),
             (ShownMessage{"Do you want to delete the surface 3  | New  ?",
                           mb::kYesNo + mb::kQuestion, "Delete building element"}));
   EXPECT_EQ(c.Names(), (Strings{"A1", "B2"}));
-  EXPECT_EQ(s.SurfList.list_index, 0);
-  c.Click(1);
-  c.asked.clear();
+  Act(s, {"SurfList#1"});
   c.Names({"B2", "Copy", "A1", "Ins"});
   s.Copy();
   EXPECT_EQ(c.fake.dialogs.Last(), (ShownMessage{"A surface with the same name already exists",
@@ -161,36 +138,33 @@ TEST(SurfaceScreen, AddCopyInsertDeleteMoveTheRightSlots) {
   s.Copy();
   EXPECT_EQ(c.Names(), (Strings{"A1", "B2", "Copy"}));
   EXPECT_EQ(s.table().SurfData[3], s.table().SurfData[2]);
-  c.Click(1);
+  Act(s, {"SurfList#1"});
   s.Insert();  // "A1" clashes
   s.Insert();
-  EXPECT_EQ(c.asked[0] + c.asked[3],
-            "Copy building element |Type name of target |10Insert building element |Type name |10");
+  EXPECT_EQ(c.asked, (Strings{"Add building element |Type name |10",
+                              "Copy building element |Type name of target |10",
+                              "Copy building element |Type name of target |10",
+                              "Insert building element |Type name |10",
+                              "Insert building element |Type name |10"}));
   EXPECT_EQ(c.Names(), (Strings{"A1", "Ins", "B2", "Copy"}));
   EXPECT_EQ(s.table().SurfData[3][9] + "|" + s.table().SurfData[2][9], "7|");
   EXPECT_EQ(c.Shown(), "2/1 Building element (Ins)");
-  EXPECT_EQ(s.SurfList.items[2], "3  | B2");
 
   // No on the question deletes nothing; the last Delete empties the screen.
-  c.fake.dialogs.answers = {Answer::kNo};
-  s.Delete();
+  c.Delete(Answer::kNo);
   EXPECT_EQ(c.Names().size(), 4u);
-  c.DeleteAll();
-  EXPECT_TRUE(s.SurfList.items.empty() && s.table().SurfName[1].empty());
+  while (!s.SurfList.items.empty()) c.Delete();
   EXPECT_FALSE(s.Command3D2.enabled || s.Command3D5.enabled || s.Zenith.enabled);
-
   // Adding into the empty screen enables the inputs again.
   c.Names({"First"});
   s.Add();
-  EXPECT_EQ(c.Names(), (Strings{"First"}));
   EXPECT_TRUE(s.Zenith.enabled && s.Command3D2.enabled);
-  EXPECT_EQ(s.Shape.items.size(), 5u);
-  EXPECT_EQ(s.Shape.list_index, 0);
+  EXPECT_EQ(s.Shape.items.size() * 10 + s.Shape.list_index, 50u);
 }
 
 TEST(SurfaceScreen, TheHundredthElementStopsAddCopyAndInsert) {
   ScreenCase c;
-  std::vector<std::pair<std::string, std::vector<std::string>>> elements;
+  SurfaceCase::Blocks elements;
   for (int i = 1; i <= 99; ++i) elements.push_back({"E" + std::to_string(i), OuterWall()});
   c.Elements(elements);
   Surface& s = c.screen;
@@ -198,11 +172,10 @@ TEST(SurfaceScreen, TheHundredthElementStopsAddCopyAndInsert) {
   EXPECT_TRUE(s.Command3D1.enabled && s.Command3D3.enabled && s.Command3D4.enabled);
   c.Names({"E100"});
   s.Copy();
-  EXPECT_EQ(s.table().SurfCount, 100);
+  EXPECT_EQ(s.SurfList.items.back(), "100| E100");
   EXPECT_FALSE(s.Command3D1.enabled || s.Command3D3.enabled || s.Command3D4.enabled);
   EXPECT_TRUE(s.Command3D2.enabled && s.Command3D5.enabled);
-  c.fake.dialogs.answers = {Answer::kYes};
-  s.Delete();
+  c.Delete();
   EXPECT_TRUE(s.Command3D1.enabled && s.Command3D3.enabled && s.Command3D4.enabled);
 }
 
@@ -219,9 +192,8 @@ TEST(SurfaceScreen, RenameRefusesAClashAndTheSameName) {
   EXPECT_FALSE(s.Dirty);
   s.Rename();  // names differ by case
   EXPECT_EQ(c.asked[0], "Rename building element|Type name |10");
-  EXPECT_EQ(c.Names(), (Strings{"wall", "Roof"}));
-  EXPECT_EQ(s.SurfList.items[0], "1  | wall");
-  EXPECT_EQ(s.SurfList.list_index, 0);
+  EXPECT_EQ(s.SurfList.items, (Strings{"1  | wall", "2  | Roof"}));
+  EXPECT_EQ(c.Shown(), "1/0 Building element (wall)");
   EXPECT_TRUE(s.Dirty);
 }
 
@@ -232,75 +204,53 @@ TEST(SurfaceScreen, ChoicesSwitchFramesLabelsAndLeakage) {
   s.Load();
   auto& fields = s.table().SurfData[1];
   auto labels = [&s] { return s.LabelMAbsF.caption + "|" + s.LabelMAbsB.caption; };
+  auto percents = [&fields](int first) {
+    return fields[first] + fields[first + 1] + fields[first + 2] + fields[first + 3];
+  };
 
   // The shading screen: its labels, its standard percents, no leakage.
-  s.M_Wall.list_index = 1;
-  s.M_WallClick();
-  EXPECT_EQ(labels(), "Absorptance:| % Trans:");
-  EXPECT_EQ(s.Leakage.text, "0");
-  EXPECT_EQ(fields[15] + "|" + fields[16] + fields[17] + fields[18] + fields[19] + "|" + fields[29],
-            "0|70208787|0");
-  s.M_Wall.list_index = 4;
-  s.M_WallClick();
-  EXPECT_EQ(fields[15], "100");
-  EXPECT_EQ(labels(), "Absorptance front:| %  back:");
+  Act(s, {"M_Wall#1"});
+  EXPECT_EQ(labels() + "|" + s.Leakage.text, "Absorptance:| % Trans:|0");
+  EXPECT_EQ(fields[15] + "|" + percents(16) + "|" + fields[29], "0|70208787|0");
+  Act(s, {"M_Wall#4"});
+  EXPECT_EQ(fields[15] + "|" + labels(), "100|Absorptance front:| %  back:");
 
   // No wall: both frames on, the percents and the curtain off.
-  s.M_Wall.list_index = 0;
-  s.M_WallClick();
+  Act(s, {"M_Wall#0"});
   EXPECT_TRUE(s.MainWallFrame.enabled && s.MainWinFrame.enabled);
   EXPECT_FALSE(s.M_AbsF.enabled || s.LabelMAbsF.enabled || s.M_MovIns.enabled);
   // A window: the wall frame goes off with its percents stored.
-  s.M_Wind.list_index = 2;
-  s.WindowOrCurtainClick(s.M_Wind, 20);
-  s.M_MovIns.list_index = 1;
-  s.WindowOrCurtainClick(s.M_MovIns, 21);
+  Act(s, {"M_Wind#2", "M_MovIns#1"});
   EXPECT_FALSE(s.MainWallFrame.enabled || s.M_Wall.enabled);
   EXPECT_TRUE(s.M_MovIns.enabled);
-  EXPECT_EQ(fields[15] + "|" + fields[16] + fields[17] + fields[18] + fields[19] + "|" +
-                fields[20] + "|" + fields[21],
-            "|70708787|3|1");
+  EXPECT_EQ(fields[15] + "|" + percents(16) + "|" + fields[20] + "|" + fields[21], "|70708787|3|1");
   // Taking the window away takes its curtain too.
-  s.M_Wind.list_index = 0;
-  s.WindowOrCurtainClick(s.M_Wind, 20);
-  EXPECT_EQ(fields[20] + fields[21], "");
-  EXPECT_EQ(s.M_MovIns.list_index, 0);
+  Act(s, {"M_Wind#0"});
+  EXPECT_EQ(fields[20] + fields[21] + std::to_string(s.M_MovIns.list_index), "0");
 
   // The hole's frames come with shape 3 only.
-  s.Shape.list_index = 2;
-  s.ShapeClick();
+  Act(s, {"Shape#2"});
   EXPECT_EQ(fields[1], "2");
   EXPECT_TRUE(s.HoleWallFrame.enabled && s.HoleWinFrame.enabled && s.F.enabled);
-  s.H_Wind.list_index = 1;
-  s.WindowOrCurtainClick(s.H_Wind, 27);
+  Act(s, {"H_Wind#1"});
   EXPECT_FALSE(s.HoleWallFrame.enabled);
   EXPECT_EQ(fields[27], "1");
-  s.Shape.list_index = 1;
-  s.ShapeClick();
+  Act(s, {"Shape#1"});
   EXPECT_FALSE(s.HoleWallFrame.enabled || s.HoleWinFrame.enabled || s.D.enabled);
-  EXPECT_EQ(fields[27] + "|" + fields[23] + fields[24] + fields[25] + fields[26], "|70708787");
+  EXPECT_EQ(fields[27] + "|" + percents(23), "|70708787");
 
   // Facings: Ground in front turns the front percents off; two volumes make
   // the leakage an area and hide Assign.
-  s.M_Wall.list_index = 2;
-  s.M_WallClick();
-  EXPECT_TRUE(s.M_AbsF.enabled);
-  s.front.list_index = 1;
-  s.FrontClick();
+  Act(s, {"M_Wall#2", "front#1"});
   EXPECT_EQ(fields[7] + "|" + fields[29], "-1|0");
   EXPECT_FALSE(s.M_AbsF.enabled || s.M_EmmF.enabled);
   EXPECT_TRUE(s.M_AbsB.enabled);
-  s.front.list_index = 4;  // Volume 2
-  s.FrontClick();
-  s.back.list_index = 2;  // Volume 1
-  s.BackClick();
+  Act(s, {"front#4", "back#2"});  // Volume 2 and Volume 1
   EXPECT_EQ(fields[7] + fields[8], "21");
-  EXPECT_EQ(c.fake.ws().LeakageMode, 2);
   EXPECT_EQ(s.LabelLeakage.caption + "|" + s.UnitLeakage.caption, "Leakage area|m2");
   EXPECT_FALSE(s.Command4.visible || s.Excl.visible || s.LabelExcl.visible);
   EXPECT_TRUE(s.M_AbsF.enabled);
-  s.back.list_index = 1;  // Outdoor behind a volume: the flow is not asked for
-  s.BackClick();
+  Act(s, {"back#1"});  // Outdoor behind a volume: the flow is not asked for
   EXPECT_FALSE(s.Leakage.visible || s.LabelLeakage.visible);
   EXPECT_TRUE(s.Command4.visible && s.Dirty);
   EXPECT_EQ(s.Leakage.text, "1");
@@ -314,18 +264,20 @@ TEST(SurfaceScreen, ShownDefaultsAreNotTheBlanksNorStored) {
   for (int field : {23, 24, 25, 26}) hole[field - 1] = "";
   auto shading = WithField(WithField(WithField(OuterWall(), 15, "0"), 17, ""), 7, "0");
   c.Elements({{"Hole", hole}, {"Screen", WithField(shading, 8, "0")}});
+  const std::string bytes = c.SurfaceBytes();
   Surface& s = c.screen;
   s.Load();
   EXPECT_TRUE(s.HoleWallFrame.enabled && s.H_AbsF.enabled);
   EXPECT_EQ(s.H_AbsF.text + s.H_AbsB.text + s.H_EmmF.text + s.H_EmmB.text, "20209090");
-  EXPECT_EQ(s.table().SurfData[1][23] + s.table().SurfData[1][26], "");
-  c.Click(1);
+  Act(s, {"SurfList#1"});
   EXPECT_EQ(s.M_AbsB.text + "|" + s.LabelMAbsB.caption, "20| % Trans:");
-  EXPECT_EQ(s.table().SurfData[2][17], "");
   EXPECT_FALSE(s.Dirty);
+  s.Ok();
+  EXPECT_EQ(c.SurfaceBytes(), bytes);
 
   // The last Delete blanks the inputs to the values a cleared screen takes.
-  c.DeleteAll();
+  c.Delete();
+  c.Delete();
   EXPECT_EQ(s.Zenith.text + s.Azimuth.text + s.A.text + s.F.text, "");
   EXPECT_EQ(s.X.text + s.Y.text + s.Z.text + s.Leakage.text, "0000");
   EXPECT_EQ(s.M_AbsF.text + s.M_AbsB.text + s.H_AbsF.text + s.H_AbsB.text, "70707070");
@@ -339,22 +291,19 @@ TEST(SurfaceScreen, TextInputsStoreAndAClickWithAFaultStays) {
   c.Elements({{"South", OuterWall()}, {"North", WithField(OuterWall(), 3, "0")}});
   Surface& s = c.screen;
   s.Load();
-  s.Zenith.text = " 45 ";
-  s.Zenith.on_change();
-  EXPECT_EQ(s.table().SurfData[1][2], "45");
-  EXPECT_TRUE(s.Dirty);
-  s.A.text = "-1";
-  s.A.on_lost_focus();
-  c.Click(1);
+  Act(s, {"Zenith= 45 ", "A=-1", "SurfList#1"});
   EXPECT_EQ(c.fake.dialogs.Last().text, "A must be a value ( 0 -  999999)\r");
   EXPECT_EQ(c.Shown() + "|" + s.focus, "1/0 Building element (South)|A");
   s.A.text = "4";
   int enter = 13;
   s.A.on_key_press(enter);
-  c.Click(1);
+  Act(s, {"SurfList#1"});
   EXPECT_EQ(c.Shown() + "|" + s.Azimuth.text, "2/1 Building element (North)|0");
   EXPECT_TRUE(s.Dirty);  // kept across the move
-  EXPECT_EQ(s.table().SurfData[1][9], "4");
+  s.Ok();
+  EXPECT_EQ(c.SurfaceBytes(),
+            SurfaceCase::Bytes({{"South", WithField(WithField(OuterWall(), 2, "45"), 9, "4")},
+                                {"North", WithField(OuterWall(), 3, "0")}}));
 }
 
 TEST(SurfaceScreen, AssignSkipsInternalElementsAndGroundFloors) {
@@ -366,29 +315,23 @@ TEST(SurfaceScreen, AssignSkipsInternalElementsAndGroundFloors) {
               {"Roof", WithField(WithField(OuterWall(), 2, "0"), 29, "0")}});
   Surface& s = c.screen;
   s.Load();
-  c.Click(3);
-  s.Leakage.text = "2.555";
-  s.Assign();
+  Act(s, {"SurfList#3", "Leakage=2.555", "Command4"});
   EXPECT_EQ(c.fake.dialogs.Last(),
             (ShownMessage{"Leakage flow must be a value ( 0 -  10) with max two decimals.\r",
                           mb::kOkOnly + mb::kExclamation, "Surface form check"}));
   EXPECT_EQ(s.focus, "Leakage");
-  s.Leakage.text = "2.5";
-  s.Assign();
   auto leaks = [&] {
     std::string all;
     for (int slot = 1; slot <= 4; ++slot) all += s.table().SurfData[slot][29] + "|";
     return all;
   };
   // The roof faces Outdoor: a roof is no floor on the ground.
+  Act(s, {"Leakage=2.5", "Command4"});
   EXPECT_EQ(leaks(), "2.5|0|0|2.5|");
   EXPECT_EQ(s.SurfList.list_index, 3);
-  s.Excl.value = 0;
-  s.ExclClick();
+  Act(s, {"Excl#0", "Leakage=3", "Command4"});
   EXPECT_EQ(s.LabelExcl.caption,
             "Assign value for leakage flow to all building elements including floors");
-  s.Leakage.text = "3";
-  s.Assign();
   EXPECT_EQ(leaks(), "3|0|3|3|");
 }
 
@@ -396,49 +339,35 @@ TEST(SurfaceScreen, OkCancelAndTheSaveQuestion) {
   ScreenCase c;
   c.Elements({{"South", OuterWall()}});
   const std::string before = c.SurfaceBytes();
-  {
-    Surface s(c.fake.session);
-    s.Load();
-    s.Command2.on_click();  // nothing changed: closes at once
-    EXPECT_TRUE(s.unloaded);
-    EXPECT_TRUE(c.fake.dialogs.messages.empty());
-  }
   Surface& s = c.screen;
   s.Load();
-  s.X.text = "2";
-  s.X.on_change();
+  s.Command2.on_click();  // nothing changed: closes at once
+  EXPECT_TRUE(s.unloaded && c.fake.dialogs.messages.empty());
+  s.unloaded = false;
   c.fake.dialogs.answers = {Answer::kCancel, Answer::kYes};
-  s.Cancel();
+  Act(s, {"X=2", "Command2"});
   EXPECT_EQ(c.fake.dialogs.Last(), (ShownMessage{"Do you want to save changes ?\r\rSurfaces",
                                                  mb::kYesNoCancel + mb::kExclamation, "Save"}));
-  EXPECT_FALSE(s.unloaded);
-  s.B.text = "0";
-  s.Cancel();  // Yes with a fault stays
+  Act(s, {"B=0", "Command2"});  // Yes with a fault stays
   EXPECT_EQ(c.fake.dialogs.Last().title, "Surface form check");
   EXPECT_FALSE(s.unloaded);
   EXPECT_EQ(c.SurfaceBytes(), before);
-  s.B.text = "3";
-  s.B.on_change();
-  s.Ok();
+  Act(s, {"B=3", "Command1"});
   EXPECT_TRUE(s.unloaded);
-  std::string expected = "South\r\n";
-  for (const auto& field : WithField(WithField(OuterWall(), 4, "2"), 10, "3")) {
-    expected += "\t" + field + "\r\n";
-  }
+  const std::string expected =
+      SurfaceCase::Bytes({{"South", WithField(WithField(OuterWall(), 4, "2"), 10, "3")}});
   EXPECT_EQ(c.SurfaceBytes(), expected);
   EXPECT_EQ(testing::ReadBytes(c.fake.ws().CasePath + "/THERMAL.INP"), "XXXXXX\r\n");
 
   Surface no(c.fake.session);
   no.Load();
-  no.Y.text = "9";
-  no.Y.on_change();
+  Act(no, {"Y=9"});
   c.fake.dialogs.answers = {Answer::kNo};
   no.QueryUnload();
   EXPECT_TRUE(no.unloaded);
   EXPECT_EQ(c.SurfaceBytes(), expected);
   no.Help();
-  ASSERT_EQ(c.fake.desktop.help_calls.size(), 1u);
-  EXPECT_EQ(c.fake.desktop.help_calls[0].second, 12110);
+  EXPECT_EQ(c.fake.desktop.help_calls.at(0).second, 12110);
 }
 
 TEST(SurfaceScreen, AnUnknownLibraryNumberIsFatal) {
@@ -458,17 +387,17 @@ TEST(SurfaceScreen, SurfacesButtonCountsTheSidesOfEachVolume) {
               {"W2", WithField(WithField(OuterWall(), 7, "1"), 8, "3")},
               {"F", WithField(OuterWall(), 7, "-1")}});
   c.screen.Load();
-  std::vector<std::string> cells;
+  Strings cells;
   c.fake.dialogs.screens["VolumeSurfaces"] = [&cells](Form& form) {
     auto& screen = static_cast<VolumeSurfaces&>(form);
-    EXPECT_EQ(screen.Label1.caption + "|" + screen.Command1.caption,
-              "Number of surfaces facing a volume|Cancel");
     cells = testing::GridRows(screen.Grid1);
+    cells.push_back(screen.Label1.caption + "|" + screen.Command1.caption);
     screen.Command1.on_click();
     EXPECT_TRUE(screen.unloaded);
   };
   c.screen.CheckSurfaces.on_click();
-  EXPECT_EQ(cells, (Strings{"Volume|Number", "Ground|1", "Outdoors|1", "1|3", "2|0", "3|1"}));
+  EXPECT_EQ(cells, (Strings{"Volume|Number", "Ground|1", "Outdoors|1", "1|3", "2|0", "3|1",
+                            "Number of surfaces facing a volume|Cancel"}));
   EXPECT_EQ(c.screen.CheckSurfaces.tool_tip, "Show number of surfaces facing each volume ");
 }
 
