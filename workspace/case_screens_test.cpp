@@ -18,17 +18,11 @@ class CaseScreens : public StoreTest {
   }
   // The open case: its name, headline and folder.
   std::string Current() { return ws().CaseName + "|" + ws().CaseHeadline + "|" + ws().CasePath; }
-  // Rename Case from its menu entry: the list item at `index`, with the
-  // name and headline given unless empty, by the button or the method.
-  void RenameThroughMenu(int index, const std::string& name, const std::string& headline) {
-    fake.dialogs.screens["RenCase"] = [=](Form& form) {
-      auto& screen = static_cast<RenCase&>(form);
-      screen.List1.list_index = index;
-      screen.List1.on_click();
-      if (!name.empty()) screen.Text1.text = name;
-      if (!headline.empty()) screen.Text2.text = headline;
-      screen.Command1.on_click();
-      EXPECT_TRUE(screen.unloaded);
+  // Rename Case from its menu entry: the user's acts on the screen.
+  void RenameThroughMenu(const Strings& acts) {
+    fake.dialogs.screens["RenCase"] = [acts](Form& form) {
+      Act(form, acts);
+      EXPECT_TRUE(form.unloaded);
     };
     RunRenameCase(main);
   }
@@ -38,9 +32,7 @@ TEST_F(CaseScreens, NewCaseMakesTheFirstCaseAndRefusesClashesAndBadNames) {
   NewCase screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_TRUE(screen.List1.items.empty());
-  screen.Text1.text = "Case1";
-  screen.Text2.text = "Office - north side";
-  screen.New();
+  Act(screen, {"Text1=Case1", "Text2=Office - north side", "Command1"});
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(Cases(), "case1 - Office - north side\r\n");
   // The folder keeps the name as typed.
@@ -59,20 +51,14 @@ TEST_F(CaseScreens, NewCaseMakesTheFirstCaseAndRefusesClashesAndBadNames) {
   EXPECT_EQ(list.List1.list_index, 0);
 
   const auto before = Listing(ws().ProjectPath);
-  const std::pair<std::string, std::string> refusals[] = {
+  std::vector<std::pair<std::string, std::string>> refusals = {
       {"", "Casename must be set"},
       {"CASE1", "A case with the same name already exists"},
-      {"a b", kBadName},
-      {"a.b", kBadName},
-      {"a:b", kBadName},
-      {"a\\b", kBadName},
-      {"a/b", kBadName},
-      {".", kBadName},
-      {"..", kBadName}};
+      {"a b", kBadName}};
+  for (const auto& name : Words("a.b a:b a\\b a/b . ..")) refusals.push_back({name, kBadName});
   for (const auto& [name, message] : refusals) {
     NewCase refused(fake.session, main);
-    refused.Text1.text = name;
-    refused.New();
+    Act(refused, {"Text1=" + name, "Command1"});
     EXPECT_FALSE(refused.unloaded);
     EXPECT_EQ(refused.focus, "Text1");
     EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{message, mb::kExclamation, "Error message"}))
@@ -92,8 +78,7 @@ TEST_F(CaseScreens, OpenCaseSetsTheCaseAndItsState) {
   OpenCase screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_TRUE(screen.Command1.enabled);
-  screen.List1.list_index = 1;
-  screen.List1.on_dbl_click();
+  Act(screen, {"List1#1*"});
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(Current(), "c2|second - part|" + InProject("c2"));
   EXPECT_EQ(main.caption, " Project : abc, Case : c2");
@@ -113,33 +98,27 @@ TEST_F(CaseScreens, OpenCaseSetsTheCaseAndItsState) {
 
 TEST_F(CaseScreens, CopyCaseKeepsFlagsAndInputsAndDropsResults) {
   AddCase("c1", "first", "--X---");
-  for (const char* name : {"R.TXT", "r.lis", "x.DdD", "y.ggg", "z.PPP", "SURFACE.INP"}) {
-    WriteBytes(InProject(std::string("c1/") + name), "data\r\n");
+  for (const auto& name : Words("R.TXT r.lis x.DdD y.ggg z.PPP SURFACE.INP")) {
+    WriteBytes(InProject("c1/" + name), "data\r\n");
   }
   CopyCase screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_EQ(screen.Text1.text, "c1");
   EXPECT_EQ(screen.Text1.sel_length, 2);
   const auto before = Listing(ws().ProjectPath);
-  const std::pair<std::string, std::string> refusals[] = {
-      {"a.b", "Casename not correct"},
+  std::vector<std::pair<std::string, std::string>> refusals = {
       {"a b", "Casename not correct"},
-      {"a/b", "Casename not correct"},
-      {"..", "Casename not correct"},
-      {".", "Casename not correct"},
       {"", "Casename must be set"},
       {"C1", "A case with the same name already exists"}};
+  for (const auto& name : Words("a.b a/b .. .")) refusals.push_back({name, "Casename not correct"});
   for (const auto& [name, message] : refusals) {
-    screen.Text1.text = name;
-    screen.Copy();
+    Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_EQ(fake.dialogs.Last().text, message) << name;
   }
   EXPECT_EQ(Listing(ws().ProjectPath), before);
   EXPECT_FALSE(screen.unloaded);
 
-  screen.Text1.text = "Copy2";
-  screen.Text2.text = "the copy";
-  screen.Copy();
+  Act(screen, {"Text1=Copy2", "Text2=the copy", "Command1"});
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(Cases(), "c1 - first\r\ncopy2 - the copy\r\n");
   EXPECT_EQ(screen.List1.items.back(), "copy2 - the copy");
@@ -156,7 +135,7 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   AddCase("c2", "second", "------");
   // A case must be open to rename any case; the main window writes its
   // title all the same.
-  RenameThroughMenu(0, "", "");
+  RenameThroughMenu({"List1#0", "Command1"});
   EXPECT_EQ(fake.dialogs.Last(),
             (ShownMessage{"No Case has been opened", mb::kExclamation, "Error message"}));
   EXPECT_EQ(main.caption, "Project : abc, Case : ");
@@ -167,11 +146,9 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   ws().CasePath = InProject("c1");
   fake.dialogs.screens["RenCase"] = [](Form& form) {
     auto& screen = static_cast<RenCase&>(form);
-    screen.List1.list_index = 0;
-    screen.List1.on_click();
+    Act(screen, {"List1#0"});
     EXPECT_EQ(screen.Text1.text + "|" + screen.Text2.text, "c1|first");
-    screen.Text1.text = "Office";
-    screen.Command1.on_click();
+    Act(screen, {"Text1=Office", "Command1"});
   };
   RunRenameCase(main);
   EXPECT_EQ(Cases(), "office - first\r\nc2 - second\r\n");
@@ -181,7 +158,7 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   EXPECT_EQ(ReadBytes(InProject("Office/THERMAL.INP")), "------\r\n");
 
   // A new headline of another case marks the open case.
-  RenameThroughMenu(1, "", "second, changed");
+  RenameThroughMenu({"List1#1", "Text2=second, changed", "Command1"});
   EXPECT_EQ(Cases(), "office - first\r\nc2 - second, changed\r\n");
   EXPECT_EQ(ReadBytes(InProject("Office/THERMAL.INP")) + ReadBytes(InProject("c2/THERMAL.INP")),
             "XXXXXX\r\n------\r\n");
@@ -189,14 +166,11 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   // A clash stops without a word; names that leave the project are refused.
   fake.dialogs.screens.clear();
   fake.dialogs.Clear();
-  for (const char* name : {"OFFICE", "../c2", "..", " "}) {
+  for (const std::string name : {"OFFICE", "../c2", "..", " "}) {
     RenCase refused(fake.session, main);
     fake.dialogs.ShowModal(refused);
-    refused.List1.list_index = 1;
-    refused.List1.on_click();
-    refused.Text1.text = name;
-    refused.Rename();
-    if (std::string(name) == "OFFICE") continue;
+    Act(refused, {"List1#1", "Text1=" + name, "Command1"});
+    if (name == "OFFICE") continue;
     EXPECT_FALSE(refused.unloaded);
     EXPECT_EQ(refused.focus, "Text1");
   }
@@ -216,9 +190,7 @@ TEST_F(CaseScreens, DeleteCaseByButtonAndByDoubleClick) {
   DelCase screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_FALSE(screen.Command1.enabled);
-  screen.List1.list_index = 1;
-  screen.List1.on_click();
-  screen.Command1.on_click();
+  Act(screen, {"List1#1", "Command1"});
   EXPECT_EQ(fake.dialogs.Last(),
             (ShownMessage{"Do you really want to delete the CURRENT case\rc2 ?", 52, ""}));
   EXPECT_TRUE(screen.unloaded);
@@ -233,8 +205,7 @@ TEST_F(CaseScreens, DeleteCaseByButtonAndByDoubleClick) {
   DelCase again(fake.session, main);
   fake.dialogs.ShowModal(again);
   fake.dialogs.Clear();
-  again.List1.list_index = 1;
-  again.List1.on_dbl_click();
+  Act(again, {"List1#1*"});
   EXPECT_EQ(fake.dialogs.Texts(), (Strings{"Do you want to delete the case\rc3 ?", "c3"}));
   EXPECT_EQ(fake.dialogs.Last().style, mb::kOkOnly);
   EXPECT_FALSE(again.unloaded || again.Command1.enabled || Exists(InProject("c3")));

@@ -15,13 +15,10 @@ TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   fake.dialogs.ShowModal(screen);
   EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + ws().LocalPath + " )");
   EXPECT_TRUE(screen.List1.items.empty());
-  screen.Text1.text = " ABC ";
-  screen.New();
-  EXPECT_TRUE(screen.unloaded);
-  EXPECT_TRUE(fake.dialogs.messages.empty());
+  Act(screen, {"Text1= ABC ", "Command1"});
+  EXPECT_TRUE(screen.unloaded && fake.dialogs.messages.empty());
   EXPECT_EQ(Projects(), "abc\tabc\r\n");
-  EXPECT_EQ(ws().ProjectName + "|" + ws().ProjectPath + "|" + main.caption,
-            "abc|" + Data("abc") + "|Project : abc");
+  EXPECT_EQ(ws().ProjectPath + "|" + main.caption, Data("abc") + "|Project : abc");
   // The library files are found whatever the case of their names.
   EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")) + ReadBytes(Data("abc/GLASSTP.INP")) +
                 ReadBytes(Data("abc/Wndtp.LIB")) + ReadBytes(Data("abc/OPAQUE.LIB")),
@@ -36,8 +33,7 @@ TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   fake.dialogs.ShowModal(again);
   EXPECT_EQ(again.List1.items, Strings{"abc - abc"});
   EXPECT_EQ(again.List1.list_index, 0);
-  again.Text1.text = "abc";
-  again.New();
+  Act(again, {"Text1=abc", "Command1"});
   EXPECT_TRUE(again.unloaded);  // closes after a failed attempt too
   EXPECT_EQ(fake.dialogs.Last(),
             (ShownMessage{"A project with the same name or path already exists", mb::kExclamation,
@@ -46,20 +42,15 @@ TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
 }
 
 TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
-  const std::pair<const char*, std::string> refusals[] = {
-      {"abcdefghi", kBadName},
+  std::vector<std::pair<std::string, std::string>> refusals = {
       {"a b", kBadName},
-      {"a/b", kBadName},
-      {"a\\b", kBadName},
-      {".", kBadName},
-      {"..", kBadName},
-      {"../x", kBadName},
       {"", "Name and path must be set"},
       {"   ", "Projectpath can not be the same as System-, Local- or Thermal-path"}};
+  for (const auto& name : Words("abcdefghi a/b a\\b . .. ../x"))
+    refusals.push_back({name, kBadName});
   for (const auto& [name, message] : refusals) {
     NewProject screen(fake.session, main);
-    screen.Text1.text = name;
-    screen.New();
+    Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_EQ(fake.dialogs.Last().text, message) << name;
   }
   EXPECT_TRUE(Listing(ws().LocalPath).empty());
@@ -69,26 +60,19 @@ TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
   // registered, as the register comes first.
   DeleteFile(JoinPath(ws().MainDirectory, "WNDTP.LIB"));
   NewProject screen(fake.session, main);
-  screen.Text1.text = "p";
-  try {
-    screen.New();
-    ADD_FAILURE();
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.path(), JoinPath(ws().MainDirectory, "Wndtp.LIB"));
-  }
+  EXPECT_EQ(FileErrorText([&] {
+              Act(screen, {"Text1=p", "Command1"});
+            }),
+            "File not found\r" + JoinPath(ws().MainDirectory, "Wndtp.LIB"));
   EXPECT_EQ(Projects(), "p\tp\r\n");
-
   // A project folder that can't be made: the message names the project's
   // copy, not the program's library.
   WriteBytes(Data("q"), "a file where the folder should be\r\n");
   NewProject blocked(fake.session, main);
-  blocked.Text1.text = "q";
-  try {
-    blocked.New();
-    ADD_FAILURE();
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.path(), JoinPath(Data("q"), "GASTP.INP"));
-  }
+  EXPECT_EQ(FileErrorText([&] {
+              Act(blocked, {"Text1=q", "Command1"});
+            }),
+            "Path not found\r" + JoinPath(Data("q"), "GASTP.INP"));
 }
 
 TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
@@ -102,11 +86,9 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   OpenProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_EQ(screen.List1.items, (Strings{"one - one", "two - two"}));
-  screen.List1.list_index = 1;
-  screen.List1.on_dbl_click();
+  Act(screen, {"List1#1*"});
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(ws().ProjectName + "|" + ws().ProjectPath + "|" + ws().CaseName + "|" + ws().CasePath,
-            "two|" + Data("two") + "||");
+  EXPECT_EQ(ws().ProjectPath + "|" + ws().CaseName + "|" + ws().CasePath, Data("two") + "||");
   EXPECT_EQ(main.caption, " Project : two");
   // No CASES.LIB: only New Case works in the Case menu.
   EXPECT_TRUE(main.M_Case.enabled && main.M_NewCase.enabled && main.ss.enabled);
@@ -114,7 +96,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
 
   OpenProject first(fake.session, main);
   fake.dialogs.ShowModal(first);
-  first.Open();
+  Act(first, {"Command1"});
   EXPECT_EQ(main.caption, " Project : one");
   EXPECT_TRUE(main.M_OpenCase.enabled && main.M_CopyCase.enabled && main.M_DeleteCase.enabled &&
               main.M_RenameCase.enabled);
@@ -133,8 +115,8 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   AddProject("src", "src");
   OpenAs("src", "src");
   AddCase("c1", "first", "X--XX-");
-  for (const char* name : {"a.txt", "B.LIS", "c.Ddd", "d.GGG", "e.ppp", "SURFACE.INP"}) {
-    WriteBytes(InProject(std::string("c1/") + name), "data\r\n");
+  for (const auto& name : Words("a.txt B.LIS c.Ddd d.GGG e.ppp SURFACE.INP")) {
+    WriteBytes(InProject("c1/" + name), "data\r\n");
   }
   WriteBytes(InProject("WALLS.LIB"), "wall\r\n");
   // A case registered in lower case whose folder keeps the case it was typed in.
@@ -145,17 +127,15 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   CopyProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_EQ(screen.List1.list_index, 0);
-  screen.Text1.text = "old";
-  screen.List1.on_click();
+  Act(screen, {"Text1=old", "List1#0"});
   EXPECT_EQ(screen.Text1.text + "|" + screen.focus, "|Text1");
-  screen.Text1.text = "Cp";
-  screen.Copy();
+  Act(screen, {"Text1=Cp", "Command1"});
   EXPECT_FALSE(screen.unloaded);
   EXPECT_TRUE(fake.dialogs.messages.empty());
   EXPECT_EQ(fake.dialogs.busy_calls, (std::vector<bool>{true, false}));
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
   EXPECT_EQ(screen.List1.items.back(), "cp - " + Data("cp"));
-  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "cp|Project : cp");
+  EXPECT_EQ(main.caption, "Project : cp");
   EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")) + ReadBytes(Data("cp/WALLS.LIB")),
             "X--XX-\r\nwall\r\n");
   EXPECT_EQ(Listing(Data("cp/c1")), (Strings{"SURFACE.INP", "THERMAL.INP"}));
@@ -166,23 +146,19 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
 
   // The item of the copy holds a full path, which is nothing to copy from.
   const auto before = Listing(ws().LocalPath);
-  screen.List1.list_index = 1;
-  screen.Text1.text = "cp2";
+  Fill(screen, {"List1#1", "Text1=cp2"});
   EXPECT_THROW(screen.Copy(), FileError);
   EXPECT_EQ(Listing(ws().LocalPath), before);
 
   screen.List1.list_index = 0;
-  const std::string too_long = "Target name must be <=  8 characters long";
-  const std::pair<const char*, std::string> refusals[] = {
-      {"abcdefghi", too_long},
-      {"a/b", too_long},
-      {"..", too_long},
-      {".", too_long},
+  std::vector<std::pair<std::string, std::string>> refusals = {
       {" ", "Target name must be set"},
       {"SRC", "A project with the same name or path already exists"}};
+  for (const auto& name : Words("abcdefghi a/b .. .")) {
+    refusals.push_back({name, "Target name must be <=  8 characters long"});
+  }
   for (const auto& [name, message] : refusals) {
-    screen.Text1.text = name;
-    screen.Copy();
+    Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{message, mb::kExclamation, "Error message"}))
         << name;
   }
@@ -195,34 +171,27 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   AddProject("xyz", "xyz");
   OpenAs("abc", "abc");
   ws().CaseName = "c1";
-  // Rename Project from its menu entry: the list item at `index` to `name`.
-  auto RenameThroughMenu = [this](int index, const std::string& name) {
-    fake.dialogs.screens["RenProject"] = [index, name](Form& form) {
-      auto& screen = static_cast<RenProject&>(form);
-      screen.List1.list_index = index;
-      screen.Text1.text = name;
-      screen.Rename();
-    };
+  // Rename Project from its menu entry: the user's acts on the screen.
+  auto RenameThroughMenu = [this](const Strings& acts) {
+    fake.dialogs.screens["RenProject"] = [acts](Form& form) { Act(form, acts); };
     RunRenameProject(main);
   };
   fake.dialogs.screens["RenProject"] = [](Form& form) {
     auto& screen = static_cast<RenProject&>(form);
     EXPECT_EQ(screen.Text1.text, "");  // the selection of the load fills nothing
-    screen.List1.on_click();
-    EXPECT_EQ(screen.Text1.text, "abc");
-    EXPECT_EQ(screen.Text1.sel_length, 3);
-    screen.Text1.text = "NewName";
-    screen.Command1.on_click();
+    Act(screen, {"List1#0"});
+    EXPECT_EQ(screen.Text1.text + "|" + std::to_string(screen.Text1.sel_length), "abc|3");
+    Act(screen, {"Text1=NewName", "Command1"});
     EXPECT_EQ(screen.List1.items[0], "newname - abc");
   };
   RunRenameProject(main);
   EXPECT_EQ(Projects(), "newname\tabc\r\nxyz\txyz\r\n");
   EXPECT_FALSE(Exists(Data("newname")));
   EXPECT_TRUE(Exists(Data("abc")));
-  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "newname| (newname - c1)");
+  EXPECT_EQ(main.caption, " (newname - c1)");
 
   // Another project: the title stays.
-  RenameThroughMenu(1, "other");
+  RenameThroughMenu({"List1#1", "Text1=other", "Command1"});
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
   EXPECT_EQ(main.caption, " (newname - c1)");
 
@@ -242,8 +211,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   for (const auto& [name, message] : refusals) {
     RenProject screen(fake.session, main);
     fake.dialogs.ShowModal(screen);
-    screen.Text1.text = name;
-    screen.Rename();
+    Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_TRUE(screen.unloaded);
     EXPECT_EQ(fake.dialogs.Last().text, message);
   }
@@ -254,14 +222,13 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   ws().ProjectName.clear();
   main.SetTitle("");
   AppendLine(Data("PROJECTS.LIB"), "\tlost");
-  RenameThroughMenu(2, "found");
+  RenameThroughMenu({"List1#2", "Text1=found", "Command1"});
   fake.dialogs.screens.clear();
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\nfound\tlost\r\n");
   EXPECT_EQ(ws().ProjectName + "|" + main.caption, "|");
   DeleteFile(Data("PROJECTS.LIB"));
   RenProject screen(fake.session, main);
-  screen.Text1.text = "z";
-  screen.Rename();
+  Act(screen, {"Text1=z", "Command1"});
   EXPECT_EQ(fake.dialogs.Last().text, "Projectfile does not exist");
 }
 
@@ -276,16 +243,15 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   DelProject screen(fake.session, main);
   fake.dialogs.ShowModal(screen);
   EXPECT_FALSE(screen.Command1.enabled);
-  screen.List1.list_index = 2;
-  screen.List1.on_click();
+  Act(screen, {"List1#2"});
   EXPECT_TRUE(screen.Command1.enabled);
   fake.dialogs.answers = {Answer::kNo};
-  screen.Command1.on_click();
+  Act(screen, {"Command1"});
   EXPECT_EQ(fake.dialogs.Last(),
             (ShownMessage{"Do you really want to delete the CURRENT project\rabc ?", 52, ""}));
   EXPECT_TRUE(Exists(Data("abc")));
 
-  screen.Command1.on_click();
+  Act(screen, {"Command1"});
   EXPECT_FALSE(Exists(Data("abc")) || Exists(Data("PROJECTS.XXX")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
   // The paths are kept.
@@ -297,8 +263,7 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
 
   // The Delete button finds the line by the folder: a renamed project's
   // line stays behind.
-  screen.List1.list_index = 1;
-  screen.Command1.on_click();
+  Act(screen, {"List1#1", "Command1"});
   EXPECT_EQ(fake.dialogs.Last().text, "Do you want to delete the project\rrenamed ?");
   EXPECT_FALSE(Exists(Data("old")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
@@ -307,8 +272,7 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   // A folder that is not there: two messages, the register stays.
   DeleteFolderTree(Data("keep"));
   fake.dialogs.Clear();
-  screen.List1.list_index = 0;
-  screen.Command1.on_click();
+  Act(screen, {"List1#0", "Command1"});
   ASSERT_EQ(fake.dialogs.messages.size(), 3u);
   EXPECT_EQ(fake.dialogs.messages[1].text, "Can't delete the directory and its contents !");
   EXPECT_EQ(fake.dialogs.messages[2], (ShownMessage{"Some error has occurred !", 0, ""}));
@@ -319,15 +283,12 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   DelProject again(fake.session, main);
   fake.dialogs.ShowModal(again);
   EXPECT_EQ(again.List1.items, (Strings{"keep - keep", "renamed - old"}));
-  again.List1.list_index = 1;
-  again.List1.on_dbl_click();
+  Act(again, {"List1#1*"});
   EXPECT_EQ(Projects(), "keep\tkeep\r\n");
   fake.dialogs.screens["DelProject"] = [](Form& form) {
-    auto& screen = static_cast<DelProject&>(form);
-    screen.List1.list_index = 0;
-    screen.List1.on_dbl_click();
-    EXPECT_FALSE(screen.Command1.enabled);
-    screen.Command4.on_click();
+    Act(form, {"List1#0*"});
+    EXPECT_FALSE(static_cast<DelProject&>(form).Command1.enabled);
+    Act(form, {"Command4"});
   };
   main.StateAfterNewCase();
   RunDeleteProject(main);

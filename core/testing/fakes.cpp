@@ -174,20 +174,36 @@ Strings Words(const std::string& text) {
   return words;
 }
 
-void Fill(Form& form, const Strings& settings) {
-  for (const std::string& setting : settings) {
-    const size_t at = setting.find_first_of("=#");
-    Control* control = form.Find(setting.substr(0, at));
-    if (at == std::string::npos || !control) throw std::invalid_argument("no control: " + setting);
-    if (setting[at] == '=') {
-      control->text = setting.substr(at + 1);
-    } else if (control->kind() == ControlKind::kCheckBox ||
-               control->kind() == ControlKind::kOption) {
-      control->value = std::stoi(setting.substr(at + 1));
-    } else {
-      control->list_index = std::stoi(setting.substr(at + 1));
-    }
+namespace {
+void Set(Form& form, std::string act, bool events) {
+  const bool twice = !act.empty() && act.back() == '*';
+  if (twice) act.pop_back();
+  const size_t at = act.find_first_of("=#");
+  Control* control = form.Find(act.substr(0, at));
+  if (!control) throw std::invalid_argument("no control: " + act);
+  auto fire = [events](const std::function<void()>& event) {
+    if (events && event) event();
+  };
+  if (at != std::string::npos && act[at] == '=') {
+    control->text = act.substr(at + 1);
+    fire(control->on_change);
+    return;
   }
+  if (at != std::string::npos) {
+    const bool box =
+        control->kind() == ControlKind::kCheckBox || control->kind() == ControlKind::kOption;
+    (box ? control->value : control->list_index) = std::stoi(act.substr(at + 1));
+  }
+  fire(twice ? control->on_dbl_click : control->on_click);
+}
+}  // namespace
+
+void Fill(Form& form, const Strings& settings) {
+  for (const std::string& setting : settings) Set(form, setting, false);
+}
+
+void Act(Form& form, const Strings& acts) {
+  for (const std::string& act : acts) Set(form, act, true);
 }
 
 std::vector<std::string> GridRows(const Grid& grid) {

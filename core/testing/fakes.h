@@ -143,6 +143,10 @@ Strings Words(const std::string& text);
 // "Name=text" sets a text, "Name#3" a list index or the value of a check or
 // option box.
 void Fill(Form& form, const Strings& settings);
+// The user's acts on a screen in turn, each with its event: "Name=text"
+// types a text (a change), "Name#3" picks an item or sets a box (a click),
+// "Name" clicks, and a "*" at the end double-clicks instead.
+void Act(Form& form, const Strings& acts);
 
 // The cells of a grid, a string a row with its cells joined by "|".
 std::vector<std::string> GridRows(const Grid& grid);
