@@ -31,7 +31,7 @@ TEST(GenPars, DefaultsWithoutAFileAndTheBytesWritten) {
   EXPECT_EQ(pars.Reflect.text + "|" + pars.RSoil.text + "|" + pars.Exter.text + "|" +
                 pars.Inter.text + "|" + pars.Loops.text,
             "20|1.87|11.0|-1|20");
-  pars.Ok();
+  testing::Act(pars, {"Command1"});
   EXPECT_TRUE(pars.unloaded);
   EXPECT_EQ(ReadBytes(c.dir / "GENPARS.INP"), "Y\r\n20\r\n1.87\r\n11.0\r\n-1\r\n20\r\nY\r\n");
   EXPECT_EQ(ReadBytes(c.dir / "THERMAL.INP"), "-----X\r\n");
@@ -48,28 +48,22 @@ TEST(GenPars, ReadsTheFileAndFollowsTheOptions) {
   EXPECT_TRUE(pars.Inter.enabled);
   EXPECT_FALSE(pars.dirty());
 
-  pars.Option1[0].on_click();
+  testing::Act(pars, {"Option1(0)"});
   EXPECT_EQ(pars.Exter.text, "11.0");
   EXPECT_EQ(pars.Exter.fore_color, 0xFF0000);
-  pars.Option1[1].on_click();
+  testing::Act(pars, {"Option1(1)"});
   EXPECT_EQ(pars.Exter.text, "15.0");
-  pars.Option2.on_click();
-  EXPECT_EQ(pars.Inter.text, "-1");
-  EXPECT_FALSE(pars.Inter.enabled);
-  pars.Option3.on_click();
-  EXPECT_EQ(pars.Inter.text, "");
-  EXPECT_TRUE(pars.Inter.enabled);
+  testing::Act(pars, {"Option2"});
+  EXPECT_EQ(pars.Inter.text + std::to_string(pars.Inter.enabled), "-10");
+  testing::Act(pars, {"Option3"});
+  EXPECT_EQ(pars.Inter.text + std::to_string(pars.Inter.enabled), "1");
   EXPECT_TRUE(pars.dirty());
 
   // A file cut short is refused, not half read.
   WriteBytes(c.dir / "genpars.inp", "N\r\n30\r\n");
   GenPars cut(c.fake.session);
-  try {
-    cut.Load();
-    FAIL() << "a file cut short must be reported";
-  } catch (const FileError& error) {
-    EXPECT_NE(error.UserText().find("GENPARS.INP, line 3"), std::string::npos) << error.UserText();
-  }
+  const std::string reported = testing::FileErrorText([&cut] { cut.Load(); });
+  EXPECT_NE(reported.find("GENPARS.INP, line 3"), std::string::npos) << reported;
 }
 
 TEST(GenPars, BoundsAtTheirEdges) {
@@ -95,7 +89,7 @@ TEST(GenPars, BoundsAtTheirEdges) {
   GenParsCase c;
   GenPars pars(c.fake.session);
   pars.Load();
-  pars.Option3.on_click();
+  testing::Act(pars, {"Option3"});
   testing::Fill(pars, {"Reflect=100.5", "RSoil=0", "Exter=0", "Inter=-1", "Loops=abc"});
   EXPECT_FALSE(pars.CheckGenPars());  // under Set, "-1" is no value
   EXPECT_EQ(c.fake.dialogs.Last(),

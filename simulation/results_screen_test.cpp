@@ -35,16 +35,6 @@ struct ResultsCase {
   FakeSession fake;
 };
 
-void Select(Control& list, const std::string& item) {
-  for (size_t i = 0; i < list.items.size(); ++i) {
-    if (list.items[i] == item) {
-      list.list_index = static_cast<int>(i);
-      return;
-    }
-  }
-  FAIL() << item << " not listed";
-}
-
 TEST(Results, ListsCasesTypesAndFiles) {
   ResultsCase c;
   Results screen(c.fake.session);
@@ -54,17 +44,11 @@ TEST(Results, ListsCasesTypesAndFiles) {
   EXPECT_EQ(screen.CaseList.items, (testing::Strings{"case1 - First", "case2 - Second"}));
   EXPECT_EQ(screen.CaseList.list_index, 1);
   EXPECT_EQ(screen.TypeList.items, (testing::Strings{"LIS", "TXT"}));
-  EXPECT_EQ(screen.FilePath(), c.dir / "office/case2");
   EXPECT_EQ(screen.File1.items.size(), 3u);  // no type chosen: every file
-
-  Select(screen.TypeList, "LIS");
-  screen.TypeList.on_click();
-  EXPECT_EQ(screen.FilePattern(), "*.LIS");
+  testing::Act(screen, {"TypeList#0"});
   EXPECT_EQ(screen.File1.items, (testing::Strings{"muk.lis", "PLOR.LIS"}));
-
-  Select(screen.CaseList, "case1 - First");
-  screen.CaseList.on_click();
-  EXPECT_EQ(screen.File1.items, std::vector<std::string>{"a.LIS"});
+  testing::Act(screen, {"CaseList#0"});
+  EXPECT_EQ(screen.File1.items, testing::Strings{"a.LIS"});
 
   // A case folder without result files: an empty list, and nothing happens.
   WriteBytes(c.dir / "office/CASES.LIB", "case3 - Empty\r\n");
@@ -72,8 +56,7 @@ TEST(Results, ListsCasesTypesAndFiles) {
   c.ws().CaseName = "case3";
   empty.Load();
   EXPECT_TRUE(empty.File1.items.empty());
-  empty.File1.on_click();
-  empty.File1.on_dbl_click();
+  testing::Act(empty, {"File1", "File1*"});
   EXPECT_TRUE(c.fake.processes.calls.empty() && c.fake.dialogs.messages.empty());
 }
 
@@ -81,37 +64,34 @@ TEST(Results, ShowsPrintsAndOpensAReport) {
   ResultsCase c;
   Results screen(c.fake.session);
   screen.Load();
-  Select(screen.TypeList, "LIS");
-  screen.TypeList.on_click();
+  testing::Act(screen, {"TypeList#0"});
   EXPECT_FALSE(screen.Command1.visible);
-  Select(screen.File1, "PLOR.LIS");
-  screen.File1.on_click();
+  testing::Act(screen, {"File1#1"});
   EXPECT_EQ(screen.Text1.text, "PLOR report\r\nline 2\r\n");
   EXPECT_TRUE(screen.Command1.visible);
-  screen.Command1.on_click();
+  testing::Act(screen, {"Command1"});
   EXPECT_EQ(c.fake.desktop.printed, testing::Strings{screen.Text1.text});
 
   // Without the editor in the program tree the registered program opens it.
   std::string path = c.dir / "office/case2/PLOR.LIS";
-  screen.File1.on_dbl_click();
+  testing::Act(screen, {"File1*"});
   EXPECT_EQ(c.fake.desktop.opened, testing::Strings{path});
   EXPECT_TRUE(c.fake.processes.calls.empty());
   WriteBytes(c.dir / "TGZELMO/QEDITOR.EXE", "");
-  screen.File1.on_dbl_click();
+  testing::Act(screen, {"File1*"});
   const std::vector<testing::RunCall> editor = {{c.dir / "TGZELMO/QEDITOR.EXE", {path}, 5}};
   EXPECT_EQ(c.fake.processes.calls, editor);
   EXPECT_EQ(screen.caption, "Results - " + ToLower(path));
 
   std::filesystem::remove(ToFsPath(path));
-  screen.File1.on_dbl_click();
+  testing::Act(screen, {"File1*"});
   EXPECT_EQ(c.fake.processes.calls, editor);
   EXPECT_EQ(c.fake.dialogs.Last(),
             (testing::ShownMessage{"Can not find the file " + path, mb::kExclamation, "MESSAGE"}));
-  screen.Command3.on_click();
+  testing::Act(screen, {"Command3", "Command2"});
   EXPECT_EQ(
       c.fake.desktop.help_calls,
       (std::vector<std::pair<std::string, int>>{{c.dir / "Help_English/ZELMO_e.chm", 12120}}));
-  screen.Command2.on_click();
   EXPECT_TRUE(screen.unloaded);
 }
 
@@ -121,15 +101,13 @@ TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
   c.fake.desktop.registered_program = "C:\\Office\\EXCEL.EXE \"%1\"";
   Results screen(c.fake.session);
   screen.Load();
-  Select(screen.TypeList, "TXT");
-  screen.TypeList.on_click();
-  Select(screen.File1, "LOADS.TXT");
-  screen.File1.on_click();
+  testing::Act(screen, {"TypeList#1", "File1#0"});
+  ASSERT_EQ(screen.File1.SelectedItem(), "LOADS.TXT");
   EXPECT_EQ(screen.Text1.text, "");  // tables are not shown in the box
   EXPECT_FALSE(screen.Command1.visible);
 
   std::string path = c.dir / "office/case2/LOADS.TXT";
-  screen.File1.on_dbl_click();
+  testing::Act(screen, {"File1*"});
   EXPECT_EQ(ReadBytes(path), "1,5\t2,25\r\n3,0\r\n");
   EXPECT_FALSE(Exists(c.dir / "office/case2/TLOADS.TXT"));
   EXPECT_TRUE(Exists(c.dir / "TGZELMO/pq.xls"));
@@ -144,16 +122,15 @@ TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
   EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
 
   c.fake.desktop.has_registered_program = false;
-  screen.File1.on_dbl_click();
+  testing::Act(screen, {"File1*"});
   EXPECT_EQ(c.fake.dialogs.Last().text, "No Excel program was found ! ");
   EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
 
   // "Reports": the program registered for the file.
   c.fake.desktop.has_registered_program = true;
   c.fake.desktop.registered_program = "/usr/bin/editor";
-  screen.Option1.value = 0;
-  screen.Option2.value = 1;
-  screen.File1.on_dbl_click();
+  testing::Fill(screen, {"Option1#0", "Option2#1"});
+  testing::Act(screen, {"File1*"});
   calls.push_back({"/usr/bin/editor", {path}, 5});
   EXPECT_EQ(c.fake.processes.calls, calls);
 }

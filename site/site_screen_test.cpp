@@ -83,10 +83,9 @@ TEST(SiteScreen, LoadsTheFileAndFollowsTheWindMark) {
   EXPECT_FALSE(site.dirty());
 
   // Unchecking the wind hides the terrain; OK writes the screen back.
-  site.Wind.value = 0;
-  site.WindClicked();
+  testing::Act(site, {"Wind#0"});
   EXPECT_FALSE(site.Terrain.visible);
-  site.Ok();
+  testing::Act(site, {"Command1"});
   EXPECT_TRUE(site.unloaded);
   EXPECT_EQ(c.SiteBytes(), "59.35\t 0\t 2\t\r\n18.07\r\n15\r\n0\r\n" + c.climate +
                                "\r\n1995\r\n1\r\n1\r\n1995\r\n12\r\n31\r\n1\r\n1\r\n-5.5\r\n");
@@ -105,15 +104,12 @@ TEST(SiteScreen, AClimateFileWithoutWindClearsAndHidesTheWindBox) {
   EXPECT_EQ(site.Winddata.caption, "Hourly wind data is not used in HVAC-calculations");
   EXPECT_EQ(site.Winddata.fore_color, Rgb(250, 0, 0));
   EXPECT_EQ(site.T_T.text, " ");
-  site.Latitude.text = "59.4";
-  site.Latitude.on_change();
-  site.Ok();
+  testing::Act(site, {"Latitude=59.4", "Command1"});
   EXPECT_EQ(c.SiteBytes().substr(0, 13), "59.4\t 0\t 3\t\r\n");
   EXPECT_NE(c.SiteBytes().find("\r\n0\r\n0\r\n-1000\r\n"), std::string::npos);
 
   // A path that cannot be opened hides the message line.
-  site.Climate.text = c.dir / "nowhere.cli";
-  site.Climate.on_change();
+  testing::Act(site, {"Climate=" + (c.dir / "nowhere.cli")});
   EXPECT_FALSE(site.Windlabel.visible || site.Winddata.visible);
 }
 
@@ -136,8 +132,7 @@ TEST(SiteScreen, ChoosingAFileReadsPositionAndPeriod) {
   SiteCase c;
   Site site(c.fake.session);
   site.Load();
-  site.File1.list_index = 0;
-  site.File1.on_click();
+  testing::Act(site, {"File1#0"});
   EXPECT_EQ(site.Climate.text, c.climate);
   EXPECT_EQ(site.Latitude.text + "|" + site.Longitude.text + "|" + site.Timem.text,
             "59.35|18.07|15");
@@ -146,9 +141,7 @@ TEST(SiteScreen, ChoosingAFileReadsPositionAndPeriod) {
             "19950101|19951231");
   EXPECT_TRUE(site.Wind.visible && site.dirty() && site.CheckSite());
   // A second click on the same file reads it again over what was typed.
-  site.Latitude.text = "10";
-  site.FDDay.text = "5";
-  site.File1.on_click();
+  testing::Act(site, {"Latitude=10", "FDDay=5", "File1"});
   EXPECT_EQ(site.Latitude.text + "|" + site.FDDay.text, "59.35|01");
   // A file gone since the list was filled is refused and changes nothing.
   WriteBytes(c.dir / "Climate/Gone.CLI", kClimateText);
@@ -217,20 +210,17 @@ TEST(SiteScreen, CancelAsksAboutChangesAndGeneralParametersOpens) {
   Site site(c.fake.session);
   site.Load();
   // OK with nothing changed writes the same bytes and leaves the modules be.
-  site.Ok();
+  testing::Act(site, {"Command1"});
   EXPECT_TRUE(site.unloaded);
   EXPECT_EQ(c.SiteBytes(), loaded);
   EXPECT_EQ(c.Thermal(), "------\r\n");
   site.unloaded = false;
-  site.Cancel();  // nothing changed: closes without a question
-  EXPECT_TRUE(site.unloaded);
-  EXPECT_TRUE(c.fake.dialogs.messages.empty());
+  testing::Act(site, {"Command2"});  // nothing changed: closes without a question
+  EXPECT_TRUE(site.unloaded && c.fake.dialogs.messages.empty());
 
   site.unloaded = false;
-  site.Latitude.text = "99";
-  site.Latitude.on_change();
   c.fake.dialogs.answers = {Answer::kCancel, Answer::kYes, Answer::kOk, Answer::kNo};
-  site.Cancel();
+  testing::Act(site, {"Latitude=99", "Command2"});
   EXPECT_FALSE(site.unloaded);
   EXPECT_EQ(c.fake.dialogs.Last(), (ShownMessage{"Do you want to save changes ?\r\rSite",
                                                  mb::kYesNoCancel + mb::kExclamation, "Save"}));
@@ -241,9 +231,8 @@ TEST(SiteScreen, CancelAsksAboutChangesAndGeneralParametersOpens) {
   EXPECT_TRUE(site.unloaded);
   EXPECT_EQ(c.SiteBytes(), loaded);
 
-  site.Command4.on_click();
+  testing::Act(site, {"Command4", "Command3"});
   EXPECT_EQ(c.fake.dialogs.shown_forms, Strings{"GenPars"});
-  site.Command3.on_click();
   ASSERT_EQ(c.fake.desktop.help_calls.size(), 1u);
   EXPECT_NE(c.fake.desktop.help_calls[0].first.find("ZELMO_e.chm"), std::string::npos);
 }
