@@ -1,99 +1,32 @@
 #include "workspace/start_form.h"
 
-#include <gtest/gtest.h>
+#include "workspace/program_tree_test_fixture.h"
 
-#include <map>
-#include <set>
-
-#include "core/file_system.h"
-#include "core/testing/fakes.h"
-#include "core/text_file.h"
-#include "workspace/startup.h"
-
-namespace zelmo {
+namespace zelmo::testing {
 namespace {
 
-using testing::FakeSession;
-using testing::TempDir;
-using testing::WriteBytes;
+using StartFormFixture = ProgramTree;
 
-const std::string kKey = "Zelmo-QRN/Project/";
-
-// The commands a user can reach: a menu entry whose menus are all enabled,
-// and an enabled label of the panel.
-std::set<std::string> Usable(StartForm& main) {
-  std::set<std::string> usable;
-  std::map<const MenuItem*, const MenuItem*> parents;
-  for (const auto& node : main.MenuTree()) parents[node.item] = node.parent;
-  for (const auto& node : main.MenuTree()) {
-    bool reachable = true;
-    for (const MenuItem* walk = node.item; walk; walk = parents[walk]) {
-      reachable = reachable && walk->enabled && walk->visible;
-    }
-    if (reachable) usable.insert(node.item->name());
-  }
-  for (const Control* control : main.controls()) {
-    if (control->kind() == ControlKind::kLabel && control->on_click && control->enabled) {
-      usable.insert(control->name());
-    }
-  }
-  return usable;
-}
-
-std::set<std::string> Set(const std::string& words) {
-  auto list = testing::Words(words);
-  return {list.begin(), list.end()};
-}
-
-const std::string kAlways =
-    "M_File M_EditSystemFile M_ClimaticDataFiles M_Downloadclimaticdatafiles "
-    "M_Copyclimaticdatafiles M_ConvertV20 M_ActivetaDemo M_CloseZelmo M_Project M_NewProject "
-    "M_view M_HelpMain M_AboutZelmo M_Support M_Help M_MainForm M_HelpInfo LPN";
-const std::string kProjectCommands =
+const std::string kProjectOpen =
+    std::string(ProgramTree::kAlways) +
     " M_OpenProject M_CopyProject M_DeleteProject M_RenameProject LPO LPC LPD";
 
-struct StartFormFixture : ::testing::Test {
-  void Start() {
-    for (const char* folder : {"TGZELMO", "TZELMO", "FELT", "DIAGRAM"}) {
-      CreateFolderTree(JoinPath(dir.path(), folder));
-    }
-    CreateFolderTree(dir / "data");
-    fake.settings.values[kKey + "SystemPath"] = dir.path();
-    fake.settings.values[kKey + "LocalPath"] = dir / "data";
-    StartUp(fake.session, main, dir / "Tgzelmo");
-  }
-  TempDir dir;
-  FakeSession fake;
-  StartForm main{fake.session};
-};
-
-TEST_F(StartFormFixture, NoProjectsLibLeavesNewProjectFileAndHelp) {
-  Start();
-  EXPECT_TRUE(fake.dialogs.messages.empty());
-  EXPECT_EQ(Usable(main), Set(kAlways));
-  EXPECT_EQ(main.caption, "");
-}
-
-TEST_F(StartFormFixture, ExistingProjectsOpenTheProjectCommands) {
+TEST_F(StartFormFixture, ProjectsAnOpenProjectAndACaseWidenTheCommands) {
   WriteBytes(dir / "data/PROJECTS.LIB", "demo - Demonstration\r\n");
+  StoreTree();
   Start();
-  EXPECT_EQ(Usable(main), Set(kAlways + kProjectCommands));
+  EXPECT_EQ(Usable(), Names(kProjectOpen));
   for (Label* label : {&main.LPN, &main.LPO, &main.LPC, &main.LPD}) {
     EXPECT_EQ(label->fore_color, Rgb(0, 0, 200)) << label->name();
   }
-}
-
-TEST_F(StartFormFixture, AnOpenProjectAndThenACaseWidenTheCommands) {
-  WriteBytes(dir / "data/PROJECTS.LIB", "demo - Demonstration\r\n");
-  Start();
   fake.ws().ProjectName = "demo";
   main.StateAfterOpenProject(false);
   EXPECT_EQ(
-      Usable(main),
-      Set(kAlways + kProjectCommands +
-          " M_Case M_NewCase LCN LCO LCC LCD LCR M_Library M_OpaqueMaterial M_Wall M_Windows_9701"
-          " M_MovableInsulation M_Glass_Types M_Gases M_Window_types Om LW LWi LCu M_Outsp_Calc"
-          " M_ThermalLoads ss M_Result M_Textfiles RT"));
+      Usable(),
+      Names(kProjectOpen +
+            " M_Case M_NewCase LCN LCO LCC LCD LCR M_Library M_OpaqueMaterial M_Wall M_Windows_9701"
+            " M_MovableInsulation M_Glass_Types M_Gases M_Window_types Om LW LWi LCu M_Outsp_Calc"
+            " M_ThermalLoads ss M_Result M_Textfiles RT"));
 
   // With a case every command of the window is usable.
   fake.ws().CaseName = "case1";
@@ -105,7 +38,7 @@ TEST_F(StartFormFixture, AnOpenProjectAndThenACaseWidenTheCommands) {
       everything.insert(control->name());
     }
   }
-  EXPECT_EQ(Usable(main), everything);
+  EXPECT_EQ(Usable(), everything);
 }
 
 TEST_F(StartFormFixture, LabelsRunTheirMenuEntryAndGoBlueWhenEnabled) {
@@ -117,7 +50,7 @@ TEST_F(StartFormFixture, LabelsRunTheirMenuEntryAndGoBlueWhenEnabled) {
     item->on_click = [&ran, item] { ran.push_back(item->name()); };
   }
   // Each label with its entry.
-  const auto shortcuts = testing::Words(
+  const auto shortcuts = Words(
       "LPN M_NewProject LPO M_OpenProject LPC M_CopyProject LPD M_DeleteProject LCN M_NewCase "
       "LCO M_OpenCase LCC M_CopyCase LCD M_DeleteCase LCR M_RenameCase Om M_OpaqueMaterial "
       "LW M_Wall LWi M_Windows_9701 LCu M_MovableInsulation MBS M_Site MBG M_GeneralParameters "
@@ -147,6 +80,7 @@ TEST_F(StartFormFixture, LabelsRunTheirMenuEntryAndGoBlueWhenEnabled) {
 }
 
 TEST_F(StartFormFixture, HelpAndExit) {
+  StoreTree();
   Start();
   main.MoreAbout.on_click();
   main.ShowHelpTopic(12100);
@@ -167,4 +101,4 @@ TEST_F(StartFormFixture, HelpAndExit) {
 }
 
 }  // namespace
-}  // namespace zelmo
+}  // namespace zelmo::testing

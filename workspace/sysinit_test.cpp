@@ -1,51 +1,22 @@
 #include "workspace/sysinit.h"
 
-#include <gtest/gtest.h>
-
 #include <memory>
 
-#include "core/file_system.h"
-#include "core/testing/fakes.h"
-#include "core/text_file.h"
-#include "workspace/start_form.h"
-#include "workspace/startup.h"
+#include "workspace/program_tree_test_fixture.h"
 
-namespace zelmo {
+namespace zelmo::testing {
 namespace {
 
-using testing::Exists;
-using testing::FakeSession;
-using testing::ShownMessage;
-using testing::Strings;
 using Shown = std::vector<ShownMessage>;
-using testing::TempDir;
-using testing::WriteBytes;
 
 const std::string kKey = "Zelmo-QRN/Project/";
 
-// The enabled menus of the main window's bar and of its Project and
-// Simulation menus, in their order.
-std::string Enabled(StartForm& main) {
-  std::string enabled;
-  for (const auto& node : main.MenuTree()) {
-    const bool shown =
-        !node.parent || node.parent == &main.M_Project || node.parent == &main.M_Outsp_Calc;
-    if (shown && node.item->enabled) enabled += node.item->name() + " ";
-  }
-  return enabled;
-}
-
-// A program tree under <temp>/prog and a data folder <temp>/data, the
-// program started once with them stored.
-struct SettingsFixture : ::testing::Test {
+// The program started once on the tree, its Settings screen open.
+class SettingsFixture : public ProgramTree {
+ protected:
   void SetUp() override {
-    for (const char* folder : {"TGZELMO", "TZELMO", "FELT", "DIAGRAM"}) {
-      CreateFolderTree(JoinPath(prog, folder));
-    }
-    CreateFolderTree(data);
-    fake.settings.values[kKey + "SystemPath"] = prog;
-    fake.settings.values[kKey + "LocalPath"] = data;
-    StartUp(fake.session, main, JoinPath(prog, "Tgzelmo"));
+    StoreTree();
+    Start();
     fake.settings.saves = 0;
     screen = std::make_unique<SysInit>(fake.session, main);
   }
@@ -56,11 +27,7 @@ struct SettingsFixture : ::testing::Test {
     return screen->Save();
   }
 
-  TempDir dir;
-  std::string prog = dir / "prog";
-  std::string data = dir / "data";
-  FakeSession fake;
-  StartForm main{fake.session};
+  std::string prog = dir.path();
   std::unique_ptr<SysInit> screen;
 };
 
@@ -122,7 +89,7 @@ TEST_F(SettingsFixture, SaveCreatesTheDataPathStoresAndRefreshesTheProjectComman
   EXPECT_TRUE(screen->unloaded);
 
   // No PROJECTS.LIB there: only New Project.
-  EXPECT_EQ(Enabled(main), "M_File M_Project M_NewProject M_view M_HelpMain M_Help ");
+  EXPECT_EQ(Usable(), Names(kAlways));
 
   // With PROJECTS.LIB the project commands come back, the rest stays off.
   WriteBytes(JoinPath(data, "PROJECTS.LIB"), "demo - Demo\r\n");
@@ -133,10 +100,9 @@ TEST_F(SettingsFixture, SaveCreatesTheDataPathStoresAndRefreshesTheProjectComman
   again.LocalPath.text = data;
   EXPECT_TRUE(again.Save());
   EXPECT_TRUE(fake.dialogs.messages.empty());
-  EXPECT_EQ(Enabled(main),
-            "M_File M_Project M_NewProject M_OpenProject M_CopyProject M_DeleteProject "
-            "M_RenameProject M_view M_HelpMain M_Help ");
-  EXPECT_TRUE(main.LPO.enabled && main.LPC.enabled && main.LPD.enabled);
+  EXPECT_EQ(Usable(),
+            Names(std::string(kAlways) +
+                  "M_OpenProject M_CopyProject M_DeleteProject M_RenameProject LPO LPC LPD"));
   EXPECT_EQ(fake.settings.saves, 6);
 }
 
@@ -156,17 +122,15 @@ TEST_F(SettingsFixture, FolderListsFillTheFields) {
                      FileSystemRoots().front()}));
 
   // A click writes the folder into the field, a double click opens it.
-  screen->Dir2.list_index = static_cast<int>(items.size()) - 1;
-  screen->Dir2.on_click();
+  const int beta = static_cast<int>(items.size()) - 1;
+  Act(*screen, {"Dir2#" + std::to_string(beta)});
   EXPECT_EQ(screen->LocalPath.text, JoinPath(data, "beta"));
-  screen->Dir2.list_index = static_cast<int>(items.size()) - 2;
-  screen->Dir2.on_dbl_click();
+  Act(*screen, {"Dir2#" + std::to_string(beta - 1) + "*"});
   EXPECT_EQ(screen->LocalPath.text, JoinPath(data, "alpha"));
   EXPECT_TRUE(screen->Dir2.SelectedItem().ends_with("alpha"));
   EXPECT_EQ(screen->SysPath.text, prog);
   // A root keeps its separator: "C:\\" is the drive's root, "C:" is not.
-  screen->Dir2.list_index = 0;
-  screen->Dir2.on_click();
+  Act(*screen, {"Dir2#0"});
   EXPECT_EQ(screen->LocalPath.text, FileSystemRoots().front());
 
   // Focus on a field selects its whole text.
@@ -174,18 +138,16 @@ TEST_F(SettingsFixture, FolderListsFillTheFields) {
   EXPECT_EQ(screen->SysPath.sel_length, static_cast<int>(prog.size()));
 
   // Help at the screen's topic; the layout choice shows the menus.
-  screen->Command3.on_click();
+  main.M_Model.visible = false;
+  Act(*screen, {"Command3", "Combo2#1"});
+  EXPECT_TRUE(main.M_Model.visible);
   EXPECT_EQ(fake.desktop.help_calls,
             (std::vector<std::pair<std::string, int>>{
                 {JoinPath(JoinPath(prog, "Help_English"), "ZELMO_e.chm"), 12130}}));
-  main.M_Model.visible = false;
-  screen->Combo2.list_index = 1;
-  screen->Combo2.on_click();
-  EXPECT_TRUE(main.M_Model.visible);
-  screen->Command2.on_click();
+  Act(*screen, {"Command2"});
   EXPECT_TRUE(screen->unloaded);
   EXPECT_EQ(fake.settings.saves, 0);
 }
 
 }  // namespace
-}  // namespace zelmo
+}  // namespace zelmo::testing
