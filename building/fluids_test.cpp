@@ -61,42 +61,6 @@ TEST(ReadAdvConn, OneRowPerPairOfVolumesInTheOrderOfTheElements) {
   EXPECT_EQ(AdvPairName("3", "1"), "1 - 3");
 }
 
-TEST(ReadAdvConn, TheFileFillsExistingPairsAndLosesTheRestAtTheNextSave) {
-  FluidsCase c;
-  c.Put("ADVCONN.INP",
-        "1 - 2\t3.5\t2.1\r\n"
-        " 1 - 3 \t 4 \t 1.5 \r\n"
-        "2 - 3\t9\t9\r\n"
-        "2 - 1\t7\t7\r\n"
-        "1 - 4\r\n");
-  SurfaceVolumes volumes;
-  volumes.front = {"1", "3"};
-  volumes.back = {"2", "1"};
-  auto rows = ReadAdvConn(c.fake.ws(), volumes);
-  EXPECT_EQ(Rows(rows), (testing::Strings{"1 - 2|3.5|2.1", "1 - 3|4|1.5"}));
-
-  ASSERT_TRUE(WriteAdvConn(c.fake.ws(), rows));
-  EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t3.5\t2.1\r\n1 - 3\t4\t1.5\r\n");
-}
-
-TEST(ReadForcedVent, PairsWithOutdoorThenTheFlowsOfTheFile) {
-  FluidsCase c;
-  auto pairs = BuildVolumePairs({"1", "2", "3"}, true);
-  ASSERT_EQ(pairs,
-            (std::vector<std::string>{"1 -> 2", "1 -> 3", "0 -> 1", "2 -> 3", "0 -> 2", "0 -> 3"}));
-  auto fresh = ReadForcedVent(c.fake.ws(), pairs);
-  ASSERT_EQ(fresh.size(), 6u);
-  EXPECT_EQ(fresh[2].from + fresh[2].to + fresh[2].flow, "010");
-
-  // A volume that is gone (4) loses its rows; a reversed pair is no pair.
-  c.Put("FORCEVEN.INP", "0\t1\t25\r\n 1 \t 2 \t -12.5 \r\n2\t1\t7\r\n0\t4\t9\r\n1\t4\t3\r\n");
-  auto rows = ReadForcedVent(c.fake.ws(), {"1 -> 2", "0 -> 1", "-1 -> 2"});
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].flow + "|" + rows[1].flow, "-12.5|25");
-  ASSERT_TRUE(WriteForcedVent(c.fake.ws(), rows));
-  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), "1\t2\t-12.5\r\n0\t1\t25\r\n");
-}
-
 TEST(VentBalanceMessage, SumsInSinglePrecisionAgainstTheThreshold) {
   // 25 in from Outdoor, on to Volume 2 and back out by a backward flow.
   std::vector<VentRow> rows = {{"1", "2", "25"}, {"0", "1", "25"}, {"0", "2", "-25"}};
