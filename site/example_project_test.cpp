@@ -61,13 +61,9 @@ TEST_F(ExampleProject, ActivatesOpensAndEveryScreenKeepsItsFiles) {
   // The example opens: lower-case names in the registers reach the folders
   // whatever their case; the paths name the folders as they stand, for the
   // programs that get them.
-  OpenProject project(fake.session, main);
-  fake.dialogs.ShowModal(project);
-  project.Open();
+  Show<OpenProject>().Open();
   EXPECT_EQ(ws().ProjectName + "|" + ws().ProjectPath, "example|" + Root() + "/Example");
-  OpenCase open_case(fake.session, main);
-  fake.dialogs.ShowModal(open_case);
-  open_case.Open();
+  Show<OpenCase>().Open();
   EXPECT_EQ(ws().CaseName + "|" + ws().CasePath, "case1|" + Example("Case1"));
   EXPECT_EQ(ReadBytes(Example("Case1/THERMAL.INP")), "XXXXXX\r\n");
   std::map<std::string, std::string> before;

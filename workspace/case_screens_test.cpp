@@ -29,8 +29,7 @@ class CaseScreens : public StoreTest {
 };
 
 TEST_F(CaseScreens, NewCaseMakesTheFirstCaseAndRefusesClashesAndBadNames) {
-  NewCase screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<NewCase>();
   EXPECT_TRUE(screen.List1.items.empty());
   Act(screen, {"Text1=Case1", "Text2=Office - north side", "Command1"});
   EXPECT_TRUE(screen.unloaded);
@@ -45,8 +44,7 @@ TEST_F(CaseScreens, NewCaseMakesTheFirstCaseAndRefusesClashesAndBadNames) {
               main.M_Diagram.enabled);
 
   // The headline with " - " inside survives the round trip.
-  NewCase list(fake.session, main);
-  fake.dialogs.ShowModal(list);
+  auto& list = Show<NewCase>();
   EXPECT_EQ(list.List1.items, Strings{"case1 - Office - north side"});
   EXPECT_EQ(list.List1.list_index, 0);
 
@@ -69,14 +67,12 @@ TEST_F(CaseScreens, NewCaseMakesTheFirstCaseAndRefusesClashesAndBadNames) {
 }
 
 TEST_F(CaseScreens, OpenCaseSetsTheCaseAndItsState) {
-  OpenCase none(fake.session, main);
-  fake.dialogs.ShowModal(none);
+  auto& none = Show<OpenCase>();
   EXPECT_FALSE(none.Command1.enabled);
 
   AddCase("c1", "first");
   AddCase("c2", "second - part");
-  OpenCase screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<OpenCase>();
   EXPECT_TRUE(screen.Command1.enabled);
   Act(screen, {"List1#1*"});
   EXPECT_TRUE(screen.unloaded);
@@ -101,8 +97,7 @@ TEST_F(CaseScreens, CopyCaseKeepsFlagsAndInputsAndDropsResults) {
   for (const auto& name : Words("R.TXT r.lis x.DdD y.ggg z.PPP SURFACE.INP")) {
     WriteBytes(InProject("c1/" + name), "data\r\n");
   }
-  CopyCase screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<CopyCase>();
   EXPECT_EQ(screen.Text1.text, "c1");
   EXPECT_EQ(screen.Text1.sel_length, 2);
   const auto before = Listing(ws().ProjectPath);
@@ -167,8 +162,7 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   fake.dialogs.screens.clear();
   fake.dialogs.Clear();
   for (const std::string name : {"OFFICE", "../c2", "..", " "}) {
-    RenCase refused(fake.session, main);
-    fake.dialogs.ShowModal(refused);
+    auto& refused = Show<RenCase>();
     Act(refused, {"List1#1", "Text1=" + name, "Command1"});
     if (name == "OFFICE") continue;
     EXPECT_FALSE(refused.unloaded);
@@ -187,8 +181,7 @@ TEST_F(CaseScreens, DeleteCaseByButtonAndByDoubleClick) {
   ws().CasePath = InProject("c2");
   main.StateAfterNewCase();
 
-  DelCase screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<DelCase>();
   EXPECT_FALSE(screen.Command1.enabled);
   Act(screen, {"List1#1", "Command1"});
   EXPECT_EQ(fake.dialogs.Last(),
@@ -202,8 +195,7 @@ TEST_F(CaseScreens, DeleteCaseByButtonAndByDoubleClick) {
   EXPECT_TRUE(main.M_OpenCase.enabled);
 
   // The double click shows the name alone and stays open.
-  DelCase again(fake.session, main);
-  fake.dialogs.ShowModal(again);
+  auto& again = Show<DelCase>();
   fake.dialogs.Clear();
   Act(again, {"List1#1*"});
   EXPECT_EQ(fake.dialogs.Texts(), (Strings{"Do you want to delete the case\rc3 ?", "c3"}));

@@ -11,8 +11,7 @@ using ProjectScreens = StoreTest;
 const std::string kBadName = "Name must be <=  8 characters long and no spaces in the name !";
 
 TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
-  NewProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<NewProject>();
   EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + ws().LocalPath + " )");
   EXPECT_TRUE(screen.List1.items.empty());
   Act(screen, {"Text1= ABC ", "Command1"});
@@ -29,8 +28,7 @@ TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
   EXPECT_FALSE(main.M_OpenCase.enabled || main.ss.enabled);
   EXPECT_EQ(main.LCN.fore_color, Rgb(0, 0, 200));
 
-  NewProject again(fake.session, main);
-  fake.dialogs.ShowModal(again);
+  auto& again = Show<NewProject>();
   EXPECT_EQ(again.List1.items, Strings{"abc - abc"});
   EXPECT_EQ(again.List1.list_index, 0);
   Act(again, {"Text1=abc", "Command1"});
@@ -83,8 +81,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   ws().CaseName = "c1";
   ws().CasePath = InProject("c1");
 
-  OpenProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<OpenProject>();
   EXPECT_EQ(screen.List1.items, (Strings{"one - one", "two - two"}));
   Act(screen, {"List1#1*"});
   EXPECT_TRUE(screen.unloaded);
@@ -94,9 +91,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   EXPECT_TRUE(main.M_Case.enabled && main.M_NewCase.enabled && main.ss.enabled);
   EXPECT_FALSE(main.M_OpenCase.enabled || main.M_RenameCase.enabled || main.M_Model.enabled);
 
-  OpenProject first(fake.session, main);
-  fake.dialogs.ShowModal(first);
-  Act(first, {"Command1"});
+  Act(Show<OpenProject>(), {"Command1"});
   EXPECT_EQ(main.caption, " Project : one");
   EXPECT_TRUE(main.M_OpenCase.enabled && main.M_CopyCase.enabled && main.M_DeleteCase.enabled &&
               main.M_RenameCase.enabled);
@@ -124,8 +119,7 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   WriteBytes(InProject("Case2/R.TXT"), "data\r\n");
   WriteBytes(InProject("Case2/THERMAL.INP"), "XXXXXX\r\n");
 
-  CopyProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<CopyProject>();
   EXPECT_EQ(screen.List1.list_index, 0);
   Act(screen, {"Text1=old", "List1#0"});
   EXPECT_EQ(screen.Text1.text + "|" + screen.focus, "|Text1");
@@ -197,9 +191,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
 
   // The renamed project, "<new name> - <old directory>", still opens its old
   // folder.
-  OpenProject open(fake.session, main);
-  fake.dialogs.ShowModal(open);
-  open.Open();
+  Show<OpenProject>().Open();
   EXPECT_EQ(ws().ProjectPath, Data("abc"));
 
   fake.dialogs.screens.clear();
@@ -209,8 +201,7 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
       {"newname", "A project with the same name already exist"},
       {"a/b", kBadName}};
   for (const auto& [name, message] : refusals) {
-    RenProject screen(fake.session, main);
-    fake.dialogs.ShowModal(screen);
+    auto& screen = Show<RenProject>();
     Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_TRUE(screen.unloaded);
     EXPECT_EQ(fake.dialogs.Last().text, message);
@@ -240,8 +231,7 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   ws().CaseName = "c1";
   ws().CasePath = Data("abc/c1");
 
-  DelProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<DelProject>();
   EXPECT_FALSE(screen.Command1.enabled);
   Act(screen, {"List1#2"});
   EXPECT_TRUE(screen.Command1.enabled);
@@ -280,8 +270,7 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
 
   // The double click deletes by the name; the last one removes the register
   // and leaves only New Project.
-  DelProject again(fake.session, main);
-  fake.dialogs.ShowModal(again);
+  auto& again = Show<DelProject>();
   EXPECT_EQ(again.List1.items, (Strings{"keep - keep", "renamed - old"}));
   Act(again, {"List1#1*"});
   EXPECT_EQ(Projects(), "keep\tkeep\r\n");
