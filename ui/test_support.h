@@ -6,7 +6,9 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QListWidget>
 #include <QTableWidget>
+#include <QTest>
 #include <QWidget>
 #include <memory>
 #include <string>
@@ -52,6 +54,13 @@ inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
     EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();
   }
   return dialog;
+}
+
+// Clicks the item of a list that shows `text`.
+inline void ClickItem(QListWidget* list, const QString& text) {
+  auto found = list->findItems(text, Qt::MatchExactly);
+  ASSERT_EQ(found.size(), 1) << S(text);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
 }
 
 // The cells of a table widget, a string a row with its cells joined by "|".
