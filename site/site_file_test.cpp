@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "site/climate_file.h"
+#include "site/move_climatic_files.h"
 
 namespace zelmo {
 namespace {
@@ -54,8 +56,6 @@ TEST(SiteFile, MissingFileIsEmptyAndAShortFileNamesItsLine) {
   const std::string reported = testing::FileErrorText([&ws] { ReadSite(ws); });
   EXPECT_NE(reported.find("SITE.INP, line 4"), std::string::npos) << reported;
 }
-
-using testing::WriteBytes;
 
 // The keys of a climate file: latitude, longitude, time meridian, first and
 // last day.
@@ -114,6 +114,51 @@ TEST(ClimateFile, FilesAreFoundWhateverTheCaseOfTheExtension) {
   WriteBytes(dir / "StockholmW(SE).cli_Temp", "");
   WriteBytes(dir / "d.txt", "");
   EXPECT_EQ(ClimateFilesIn(dir.path()), (std::vector<std::string>{"a.cli", "b.CLI", "c.Cli"}));
+}
+
+TEST(MoveClimaticFiles, CopiesTheListedFilesIntoTheClimateFolder) {
+  testing::FakeSession fake;
+  testing::TempDir dir;
+  fake.ws().SystemPath = dir / "Zelmo";
+  fake.ws().LocalPath = dir / "Downloads";
+  CreateFolderTree(dir / "Zelmo/Climate");
+  CreateFolder(dir / "Downloads");
+  CreateFolder(dir / "Downloads/old");
+  MoveClimaticFiles screen(fake.session);
+  screen.Load();
+  EXPECT_EQ(screen.caption, "Move climatic data files to ZELMO-QRN");
+  EXPECT_EQ(screen.Selecteddirectory.caption, dir / "Downloads");
+  screen.Copy.on_click();
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"There are no files to copy", mb::kExclamation,
+                                   "Check of copy climatic data files"}));
+
+  WriteBytes(dir / "Downloads/Lund.cli", "lund");
+  WriteBytes(dir / "Downloads/Kiruna.CLI", "kiruna");
+  WriteBytes(dir / "Downloads/notes.txt", "x");
+  // Into a sub-folder and back, by the folder list.
+  screen.Dir1.list_index = static_cast<int>(screen.Dir1.items.size()) - 1;
+  screen.Dir1.on_dbl_click();
+  EXPECT_EQ(screen.Selecteddirectory.caption, dir / "Downloads/old");
+  EXPECT_TRUE(screen.File1.items.empty());
+  screen.Dir1.list_index -= 1;
+  screen.Dir1.on_dbl_click();
+  EXPECT_EQ(screen.File1.items, (std::vector<std::string>{"Kiruna.CLI", "Lund.cli"}));
+  screen.Copy.on_click();
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"Climatic files are successfully moved to ZELMO-QRN ",
+                                   mb::kInformation, "Move message"}));
+  EXPECT_EQ(ReadBytes(dir / "Zelmo/Climate/Lund.cli") + ReadBytes(dir / "Zelmo/Climate/Kiruna.CLI"),
+            "lundkiruna");
+
+  // A file gone before the move.
+  DeleteFile(dir / "Downloads/Lund.cli");
+  screen.Copy.on_click();
+  EXPECT_EQ(fake.dialogs.Last(),
+            (testing::ShownMessage{"Some problems occurred when moving, no files are moved",
+                                   mb::kExclamation, "Error message"}));
+  screen.Ok.on_click();
+  EXPECT_TRUE(screen.unloaded);
 }
 
 }  // namespace
