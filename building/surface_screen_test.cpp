@@ -414,27 +414,20 @@ TEST(ElementArea, EveryShapeAndTheClockwisePolygon) {
   EXPECT_FLOAT_EQ(ElementArea(-1, {"4", "4", "3", "0", "2", "4"}), 0.0f);
 }
 
+// The leakage row of each pair of facings: mode, label, unit, whether it is
+// shown and its default.
 TEST(LeakageFor, EveryFacingPair) {
-  struct Case {
-    const char* front;
-    const char* back;
-    int mode;
-    std::string label;
-    bool shown;
-    std::string value;
-  };
-  const std::string flow = "Leakage flow at dP = 50 Pa";
-  for (const Case& c : {Case{"-1", "3", 1, flow, true, "0"}, Case{"0", "1", 1, flow, true, "1"},
-                        Case{"1", "2", 2, "Leakage area", true, "0"},
-                        Case{"0", "0", 1, flow, false, "1"}, Case{"4", "0", 1, flow, false, "1"},
-                        Case{"-1", "0", 1, flow, true, "1"}, Case{"", "", 1, flow, true, "1"}}) {
-    LeakageRow row = LeakageFor(c.front, c.back);
-    SCOPED_TRACE(std::string(c.front) + "/" + c.back);
-    EXPECT_EQ(row.mode, c.mode);
-    EXPECT_EQ(row.label, c.label);
-    EXPECT_EQ(std::string(row.unit), c.mode == 1 ? "l/sm2" : "m2");
-    EXPECT_EQ(row.shown, c.shown);
-    EXPECT_EQ(row.value, c.value);
+  const std::string flow = "1|Leakage flow at dP = 50 Pa|l/sm2|";
+  const std::tuple<const char*, const char*, std::string> cases[] = {
+      {"-1", "3", flow + "1|0"}, {"0", "1", flow + "1|1"}, {"1", "2", "2|Leakage area|m2|1|0"},
+      {"0", "0", flow + "0|1"},  {"4", "0", flow + "0|1"}, {"-1", "0", flow + "1|1"},
+      {"", "", flow + "1|1"}};
+  for (const auto& [front, back, expected] : cases) {
+    LeakageRow r = LeakageFor(front, back);
+    EXPECT_EQ(std::to_string(r.mode) + "|" + r.label + "|" + r.unit + "|" +
+                  std::to_string(r.shown) + "|" + r.value,
+              expected)
+        << front << "/" << back;
   }
 }
 

@@ -13,7 +13,9 @@ namespace {
 using testing::FakeSession;
 using testing::ReadBytes;
 using testing::ShownMessage;
+using testing::Strings;
 using testing::TempDir;
+using testing::Words;
 using testing::WriteBytes;
 
 TEST(MarkModulesStale, OneCaseShortLinesAndAll) {
@@ -161,92 +163,40 @@ TEST(FormHelpers, SaveQuestionCentreCaseListAndClearedRow) {
 }
 
 // Every question asked through the input box: the box as it opens, the
-// answers typed in turn, each followed by OK ("\x1b": Cancel instead), what
-// AskInput returns and the messages shown on the way.
+// answers typed in turn, each followed by OK ("" presses OK on what is shown,
+// "\x1b" presses Cancel), what AskInput returns and the messages shown.
 TEST(InpBox, QuestionsAnswersAndLimits) {
   struct Ask {
     std::string prompt, default_text, title;
     int max_length, kind;
     float min, max;
-    bool mask;
-    std::vector<std::string> typed;
+    Strings typed;
     std::string result;
-    std::vector<std::string> messages;
+    Strings messages;
     int width = 3855;
+    bool mask = false;
   };
-  const std::string month = "Target month (0= all other) ", thickness = "Type thickness (mm) ";
+  const std::string month = "Target month (0= all other) ", mm = "Type thickness (mm) ";
   const std::string months = "Input value (Min:  0, Max:  12)", value = "Input must be a value";
-  const std::string mm = "Input value (Min:  1, Max:  99999)";
+  const std::string mms = "Input value (Min:  1, Max:  99999)", name = "Type a name ";
+  const std::string in = "99999.001", glass = "Clear 4 mm";
+  const Strings no;
   const Ask asks[] = {
       // Each limit passes, just outside is refused; the answer is not trimmed.
-      {month,
-       "1",
-       "Copy month",
-       2,
-       -1,
-       0,
-       12,
-       false,
-       {"13", "abc", "", "-1", "0"},
-       "0",
-       {months, value, value, months}},
-      {month, "1", "Copy month", 2, -1, 0, 12, false, {"12"}, "12", {}},
-      {month, "1", "Copy month", 2, -1, 0, 12, false, {" 7 "}, " 7 ", {}},
+      {month, "1", "Copy month", 2, -1, 0, 12, Words("13 abc -1 0"), "0", {months, value, months}},
+      {month, "1", "Copy month", 2, -1, 0, 12, {"12"}, "12", no},
+      {month, "1", "Copy month", 2, -1, 0, 12, {"", " 7 "}, " 7 ", {value}},
       // Limits compared in single precision: 99999.001 is 99999.0.
-      {thickness,
-       "",
-       "Add wall-layer",
-       5,
-       -1,
-       1,
-       99999,
-       false,
-       {"0", "99999.01", "99999.001"},
-       "99999.001",
-       {mm, mm}},
-      {thickness, "", "Edit thickness", 5, -1, 1, 99999, false, {"-5", "1"}, "1", {mm}},
-      // Free text takes anything.
-      {"Type a name ", "", "Add Walls/Floors/Roofs/Doors", 16, 0, 0, 0, false, {"-5"}, "-5", {}},
-      {"Type name of target ",
-       "",
-       "Copy Walls/Floors/Roofs/Doors",
-       16,
-       0,
-       0,
-       0,
-       false,
-       {"x"},
-       "x",
-       {}},
-      {"Type a new name ", "", "Rename Walls/Floors/Roofs/Doors", 16, 0, 0, 0, false, {""}, "", {}},
-      {"Type name", "", "ADD WINDOW", 30, 0, 0, 0, false, {"W"}, "W", {}},
-      // The window fits the longer of the prompt and the field.
-      {"Glass type name",
-       "",
-       "ADD GLASS TYPE",
-       45,
-       0,
-       0,
-       0,
-       false,
-       {"Clear 4 mm"},
-       "Clear 4 mm",
-       {},
-       100 * 45 + 400},
-      {std::string(40, 'p'), "x", "T", 16, 0, 0, 0, false, {""}, "", {}, 100 * 40 + 400},
-      {"Name", "", "T", 5, 0, 0, 0, true, {"\x1b"}, "", {}},
+      {mm, "", "Add wall-layer", 5, -1, 1, 99999, {"0", "99999.01", in}, in, {mms, mms}},
+      {mm, "", "Edit thickness", 5, -1, 1, 99999, {"-5", "1"}, "1", {mms}},
+      // Free text takes anything; the window fits the longer of the prompt and
+      // the field.
+      {name, "", "Add Walls/Floors/Roofs/Doors", 16, 0, 0, 0, {"-5"}, "-5", no},
+      {"Glass type name", "", "ADD GLASS TYPE", 45, 0, 0, 0, {glass}, glass, no, 100 * 45 + 400},
+      {std::string(40, 'p'), "x", "T", 16, 0, 0, 0, {""}, "", no, 100 * 40 + 400},
+      {"Name", "", "T", 5, 0, 0, 0, {"\x1b"}, "", no, 3855, true},
       // A default longer than the field is cut to it: OK returns what is shown.
-      {"Type a name ",
-       "Outer wall 365 mm brick",
-       "T",
-       16,
-       0,
-       0,
-       0,
-       false,
-       {},
-       "Outer wall 365 m",
-       {}},
+      {name, "Outer wall 365 mm brick", "T", 16, 0, 0, 0, no, "Outer wall 365 m", no},
   };
   for (const Ask& ask : asks) {
     SCOPED_TRACE(ask.title + " " + ask.result);
