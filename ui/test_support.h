@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QListWidget>
 #include <QTableWidget>
 #include <QTest>
@@ -41,7 +42,8 @@ inline void SaveShot(QWidget* widget, const std::string& name) {
 }
 
 // A screen's window, built and shown with its picture saved: it bears the
-// screen's caption and a widget for every control.
+// screen's caption, a widget for every control, every caption whole and
+// every input inside the window.
 inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
   TestApp();
   std::unique_ptr<QDialog> dialog(BuildScreen(form, session));
@@ -52,6 +54,17 @@ inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
   EXPECT_EQ(S(dialog->windowTitle()), form.caption);
   for (const Control* control : form.controls()) {
     EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();
+  }
+  // Every caption is shown whole and every input lies inside the window.
+  for (auto* label : dialog->findChildren<QLabel*>()) {
+    if (label->isVisible() && !label->wordWrap()) {
+      EXPECT_GE(label->width(), label->sizeHint().width()) << S(label->objectName());
+    }
+  }
+  for (auto* widget : dialog->findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
+    const QRect area(widget->mapTo(dialog.get(), QPoint(0, 0)), widget->size());
+    EXPECT_TRUE(dialog->rect().contains(area)) << S(widget->objectName());
   }
   return dialog;
 }
