@@ -15,6 +15,7 @@ using testing::OuterWall;
 using testing::ShownMessage;
 using testing::Strings;
 using testing::SurfaceCase;
+using testing::Words;
 
 std::vector<std::string> WithField(std::vector<std::string> fields, int field,
                                    const std::string& text) {
@@ -474,38 +475,35 @@ std::vector<std::string> StartFields(Start start) {
 // text selected; several faults are told at once, the first takes the focus.
 TEST(CheckSurface, EveryRuleItsMessageAndTheFocus) {
   const std::string leakage = "Leakage flow must be a value ( 0 -  10) with max two decimals.\r";
-  const Strings bounds = {"Zenith=180",  "Azimuth=360", "X=-999999", "Y=999999", "Z=+.5",
-                          "A=999999",    "B=3",         "C=.01",     "D=.01",    "E=2.99",
-                          "F=999998.99", "M_AbsF=0",    "M_AbsB=0",  "M_EmmF=0", "M_EmmB=100",
-                          "H_AbsF=0",    "H_AbsB=0",    "H_EmmF=0",  "H_EmmB=1"};
-  Strings outside = bounds;
-  outside.insert(outside.end(), {"Zenith=-180.01", "H_EmmB=.99"});
-  Strings letters;
-  for (const auto& bound : bounds) letters.push_back(bound.substr(0, bound.find('=')) + "=x");
+  const std::string bounds =
+      "Zenith=180 Azimuth=360 X=-999999 Y=999999 Z=+.5 A=999999 B=3 C=.01 D=.01 E=2.99 "
+      "F=999998.99 M_AbsF=0 M_AbsB=0 M_EmmF=0 M_EmmB=100 H_AbsF=0 H_AbsB=0 H_EmmF=0 H_EmmB=1";
+  std::string letters;
+  for (const auto& bound : Words(bounds)) letters += bound.substr(0, bound.find('=')) + "=x ";
+  const std::string shading = "front#2 back#1 M_Wall#1 M_AbsB=20 ";
+  // The element a check starts from, the user's entries, the input that
+  // takes the focus and the message.
   struct Row {
     Start start;
-    Strings settings;
-    std::string message, focus;
+    std::string settings, focus, message;
   };
   const Row rows[] = {
-      {kWall, {}, "passed", ""},
-      {kWall,
-       {"Zenith=180.01", "Azimuth=-360", "X=999999", "A=0", "back#0", "M_AbsF=abc", "M_EmmB=0",
-        "Leakage=1.234"},
+      {kWall, "", "", "passed"},
+      {kWall, "Zenith=180.01 Azimuth=-360 X=999999 A=0 back#0 M_AbsF=abc M_EmmB=0 Leakage=1.234",
+       "Zenith",
        "Zenith must be a value (-180 -  180)\rBack must be a value ( 0 -  8)\r"
        "A must be a value ( 0 -  999999)\rAbsorptance must be a value ( 0 -  100)\r"
        "Emittance must be a value ( 1 -  100)\r" +
-           leakage,
-       "Zenith"},
-      {kWall, {"Zenith=-180", "back#0"}, "Back must be a value ( 0 -  8)\r", "back"},
-      {kWall, {"front#0"}, "Front must be a value (-1 -  8)\r", "front"},
-      {kWall, {"A=0"}, "A must be a value ( 0 -  999999)\r", "A"},
-      {kWall, {"M_AbsF=abc"}, "Absorptance must be a value ( 0 -  100)\r", "M_AbsF"},
-      {kWall, {"M_AbsF=100", "M_EmmB=0"}, "Emittance must be a value ( 1 -  100)\r", "M_EmmB"},
-      {kWall, {"M_EmmB=1", "Leakage=1.234"}, leakage, "Leakage"},
-      {kWall, {"Leakage=10"}, "passed", ""},
+           leakage},
+      {kWall, "Zenith=-180 back#0", "back", "Back must be a value ( 0 -  8)\r"},
+      {kWall, "front#0", "front", "Front must be a value (-1 -  8)\r"},
+      {kWall, "A=0", "A", "A must be a value ( 0 -  999999)\r"},
+      {kWall, "M_AbsF=abc", "M_AbsF", "Absorptance must be a value ( 0 -  100)\r"},
+      {kWall, "M_AbsF=100 M_EmmB=0", "M_EmmB", "Emittance must be a value ( 1 -  100)\r"},
+      {kWall, "M_EmmB=1 Leakage=1.234", "Leakage", leakage},
+      {kWall, "Leakage=10", "", "passed"},
       // Every number rule but the facings, as the message writes its bounds.
-      {kHole, letters,
+      {kHole, letters, "Zenith",
        "Zenith must be a value (-180 -  180)\rAzimuth must be a value (-360 -  360)\r"
        "X must be a value (-999999 -  999999)\rY must be a value (-999999 -  999999)\r"
        "Z must be a value (-999999 -  999999)\rA must be a value ( 0 -  999999)\r"
@@ -515,71 +513,50 @@ TEST(CheckSurface, EveryRuleItsMessageAndTheFocus) {
        "Absorptance must be a value ( 0 -  100)\rAbsorptance must be a value ( 0 -  100)\r"
        "Emittance must be a value ( 0 -  100)\rEmittance must be a value ( 1 -  100)\r"
        "Absorptance must be a value ( 0 -  100)\rAbsorptance must be a value ( 0 -  100)\r"
-       "Emittance must be a value ( 0 -  100)\rEmittance must be a value ( 1 -  100)\r",
-       "Zenith"},
+       "Emittance must be a value ( 0 -  100)\rEmittance must be a value ( 1 -  100)\r"},
       // The bounds themselves pass, but for the strict lower bound of a dimension.
-      {kHole, bounds, "passed", ""},
-      {kHole, outside,
-       "Zenith must be a value (-180 -  180)\rEmittance must be a value ( 1 -  100)\r", "Zenith"},
+      {kHole, bounds, "", "passed"},
+      {kHole, bounds + " Zenith=-180.01 H_EmmB=.99", "Zenith",
+       "Zenith must be a value (-180 -  180)\rEmittance must be a value ( 1 -  100)\r"},
       // Facings; a shading screen stands only with Outdoor on both sides.
-      {kWall, {"front#2", "back#1"}, "Front and back facing may not be the same\r", "front"},
-      {kWall, {"front#2", "back#1", "M_Wall#1", "M_AbsB=20"}, "passed", ""},
-      {kWall,
-       {"front#2", "back#1", "M_Wall#1", "M_AbsB=40"},
-       "Absorptance + transmittance > 100\r",
-       "M_AbsB"},
-      {kWall,
-       {"front#1", "back#1", "M_Wall#1", "M_AbsB=20"},
-       "Shading screen not permitted between outdoor and indoor volumes \r",
-       "front"},
+      {kWall, "front#2 back#1", "front", "Front and back facing may not be the same\r"},
+      {kWall, shading, "", "passed"},
+      {kWall, shading + "M_AbsB=40", "M_AbsB", "Absorptance + transmittance > 100\r"},
+      {kWall, shading + "front#1", "front",
+       "Shading screen not permitted between outdoor and indoor volumes \r"},
       // That message has no line end: the next one follows on its line.
-      {kWall,
-       {"front#3", "back#3", "M_Wall#1", "M_AbsB=20", "Leakage=abc"},
+      {kWall, shading + "front#3 back#3 Leakage=abc", "front",
        "Front and back facing may not face internal volumes when shading screen (except "
        "'Outdoor - Outdoor')" +
-           leakage,
-       "front"},
-      {kWall,
-       {"front#2", "back#1", "M_Wall#1", "M_AbsB=20", "Shape#2", "C=1", "D=1", "E=2", "F=2"},
-       "Shading screen can not be in combinaton with shape 3 \r",
-       "M_Wall"},
+           leakage},
+      {kWall, shading + "Shape#2 C=1 D=1 E=2 F=2", "M_Wall",
+       "Shading screen can not be in combinaton with shape 3 \r"},
       // Dimensions and the hole; 2.99 is B - 0.01 in single precision.
-      {kWall,
-       {"Shape#2", "A=5", "B=3", "C=3", "D=5", "E=3", "F=5"},
-       "B - E must be >=  .01\rC must be < E \rA - F must be >=  .01\rD must be < F \r",
-       "E"},
-      {kWall,
-       {"Shape#2", "A=5", "B=3", "C=0", "D=", "E=2.99", "F=4.99"},
-       "C must be a value ( .01 -  999999)\rD must be a value ( .01 -  999999)\r",
-       "C"},
+      {kWall, "Shape#2 A=5 B=3 C=3 D=5 E=3 F=5", "E",
+       "B - E must be >=  .01\rC must be < E \rA - F must be >=  .01\rD must be < F \r"},
+      {kWall, "Shape#2 A=5 B=3 C=0 D= E=2.99 F=4.99", "C",
+       "C must be a value ( .01 -  999999)\rD must be a value ( .01 -  999999)\r"},
       // A triangle's B is an offset and may be empty or negative.
-      {kWall, {"Shape#1", "B=-2", "C=0"}, "C must be a value ( 0 -  999999)\r", "C"},
-      {kWall,
-       {"Shape#3", "B=", "C=3", "D=-1", "E=abc", "F=4.99"},
-       "E must be a value ( 0 -  999999)\r",
-       "E"},
-      {kWall, {"Shape#4", "A=4", "B=4", "C=3", "D=-1", "E=4", "F=4"}, "F - E must be >  0\r", "E"},
-      {kWall, {"Shape#4", "A=4", "B=4", "C=", "D=-1", "E=4", "F=4.5"}, "passed", ""},
+      {kWall, "Shape#1 B=-2 C=0", "C", "C must be a value ( 0 -  999999)\r"},
+      {kWall, "Shape#3 B= C=3 D=-1 E=abc F=4.99", "E", "E must be a value ( 0 -  999999)\r"},
+      {kWall, "Shape#4 A=4 B=4 C=3 D=-1 E=4 F=4", "E", "F - E must be >  0\r"},
+      {kWall, "Shape#4 A=4 B=4 C= D=-1 E=4 F=4.5", "", "passed"},
       // The wall and window groups; no percent is looked at without a wall.
-      {kWall, {"M_Wall#0", "M_AbsF=abc"}, "A wall (main) must be selected\r", "M_Wall"},
-      {kOpenHole,
-       {},
-       "A wall (hole) must be selected\rA  window (hole) must be selected\r",
-       "H_Wall"},
+      {kWall, "M_Wall#0 M_AbsF=abc", "M_Wall", "A wall (main) must be selected\r"},
+      {kOpenHole, "", "H_Wall",
+       "A wall (hole) must be selected\rA  window (hole) must be selected\r"},
       // No main choice but a hole wall: the main window's rule runs in the hole's group.
-      {kHoleOnly,
-       {"H_EmmB=0"},
+      {kHoleOnly, "H_EmmB=0", "M_Wall",
        "A wall (main) must be selected\rEmittance must be a value ( 1 -  100)\r"
-       "A  window (main) must be selected\r",
-       "M_Wall"},
+       "A  window (main) must be selected\r"},
       // The leakage flow has two decimals at most and is at most 10.
-      {kWall, {"Leakage=1.23"}, "passed", ""},
-      {kWall, {"Leakage=0"}, "passed", ""},
-      {kWall, {"Leakage=10.01"}, leakage, "Leakage"},
+      {kWall, "Leakage=1.23", "", "passed"},
+      {kWall, "Leakage=0", "", "passed"},
+      {kWall, "Leakage=10.01", "Leakage", leakage},
   };
   for (const Row& row : rows) {
     CheckCase c(StartFields(row.start));
-    testing::Fill(c.screen, row.settings);
+    testing::Fill(c.screen, Words(row.settings));
     SCOPED_TRACE(row.message);
     EXPECT_EQ(c.Check(), row.message);
     EXPECT_EQ(c.screen.focus, row.focus);

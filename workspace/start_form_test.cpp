@@ -125,6 +125,7 @@ TEST(CommandState, EachOperationSetsItsCommands) {
     }
     return wrong;
   };
+  // Each operation in turn, with the commands it leaves on and off.
   struct Step {
     std::function<void()> operation;
     std::string on, off;
@@ -138,31 +139,22 @@ TEST(CommandState, EachOperationSetsItsCommands) {
       {[&] { m.StateAfterOpenProject(false); }, "case_menu library simulation ss",
        "case_commands case_results model output"},
       {[&] { m.StateAfterOpenProject(true); }, "case_commands", ""},
+      {[&] { m.StateAfterOpenProject(false); }, "", ""},
       // Open Case leaves Open and Rename as they were.
-      {[&] {
-         m.StateAfterOpenProject(false);
-         m.StateAfterOpenCase();
-       },
+      {[&] { m.StateAfterOpenCase(); },
        "M_CopyCase M_DeleteCase case_menu library model output simulation case_results",
        "M_OpenCase M_RenameCase"},
       {[&] { m.StateAfterCopyProject(); }, "RT RDL RC ss M_CopyCase M_DeleteCase",
        "M_Comfort M_VComfort M_Diagram MV LoBe model output"},
-      {[&] {
-         m.StateAfterNewCase();
-         m.StateAfterDeleteCase(true, false);
-       },
-       "case_commands", "model output"},
-      {[&] {
-         m.StateAfterNewCase();
-         m.StateAfterDeleteCase(false, true);
-       },
-       "M_NewCase LCN LCO LCC LCD LCR RT", "model case_commands MV LoBe RDL RC ss"},
+      {[&] { m.StateAfterNewCase(); }, "", ""},
+      {[&] { m.StateAfterDeleteCase(true, false); }, "case_commands", "model output"},
+      {[&] { m.StateAfterNewCase(); }, "", ""},
+      {[&] { m.StateAfterDeleteCase(false, true); }, "M_NewCase LCN LCO LCC LCD LCR RT",
+       "model case_commands MV LoBe RDL RC ss"},
+      {[&] { m.StateAfterNewCase(); }, "", ""},
       // The labels of the menus turned off are left as they were.
-      {[&] {
-         m.StateAfterNewCase();
-         m.StateAfterDeleteProject(true, false);
-       },
-       "M_ThermalLoads LCN Om MBS OUtput RT", "M_Case M_Library M_Model M_Output M_Result"},
+      {[&] { m.StateAfterDeleteProject(true, false); }, "M_ThermalLoads LCN Om MBS OUtput RT",
+       "M_Case M_Library M_Model M_Output M_Result"},
       {[&] { m.StateAfterDeleteProject(false, true); }, "M_NewProject",
        "project case_menu case_commands library model output simulation case_results"},
   };
