@@ -33,14 +33,18 @@ struct SurfaceCase {
     WriteBytes(project / "MOVEINS.LIB", "1\tBlind\t10\t40\t.1\r\n");
   }
 
-  // Writes SURFACE.INP: one block per element, fields as given.
-  void Elements(const std::vector<std::pair<std::string, std::vector<std::string>>>& elements) {
+  using Blocks = std::vector<std::pair<std::string, std::vector<std::string>>>;
+  // The bytes of SURFACE.INP: one block per element, fields as given.
+  static std::string Bytes(const Blocks& elements) {
     std::string bytes;
     for (const auto& [name, fields] : elements) {
       bytes += name + "\r\n";
       for (const auto& field : fields) bytes += "\t" + field + "\r\n";
     }
-    WriteBytes(fake.ws().CasePath + "/SURFACE.INP", bytes);
+    return bytes;
+  }
+  void Elements(const Blocks& elements) {
+    WriteBytes(fake.ws().CasePath + "/SURFACE.INP", Bytes(elements));
   }
   std::string SurfaceBytes() { return ReadBytes(fake.ws().CasePath + "/SURFACE.INP"); }
 

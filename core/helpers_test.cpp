@@ -12,7 +12,10 @@ namespace {
 
 using testing::FakeSession;
 using testing::ReadBytes;
+using testing::ShownMessage;
+using testing::Strings;
 using testing::TempDir;
+using testing::Words;
 using testing::WriteBytes;
 
 TEST(MarkModulesStale, OneCaseShortLinesAndAll) {
@@ -31,8 +34,8 @@ TEST(MarkModulesStale, OneCaseShortLinesAndAll) {
   WriteBytes(dir / "case1/THERMAL.INP", "------\r\n");
   WriteBytes(dir / "case2/THERMAL.INP", "------\r\n");
   MarkModulesStale(ws, "ALL", kSixthModule);
-  EXPECT_EQ(ReadBytes(dir / "case1/THERMAL.INP"), "-----X\r\n");
-  EXPECT_EQ(ReadBytes(dir / "case2/THERMAL.INP"), "-----X\r\n");
+  EXPECT_EQ(ReadBytes(dir / "case1/THERMAL.INP") + ReadBytes(dir / "case2/THERMAL.INP"),
+            "-----X\r\n-----X\r\n");
   // A damaged line that names a folder outside the project is passed over.
   Workspace project;
   project.ProjectPath = dir / "proj";
@@ -48,45 +51,23 @@ TEST(MarkModulesStale, OneCaseShortLinesAndAll) {
   EXPECT_FALSE(testing::Exists(dir / "case3/THERMAL.INP"));
 }
 
-TEST(GridHelpers, FirstCommaOnlyAndTheProgramsOwnMark) {
-  Form form("F");
-  Grid grid(&form, "Grid1");
-  grid.SetCols(3);
-  grid.SetRows(3);
-  grid.tag = "user";
-  grid.row = 2;
-  grid.col = 1;
-  grid.Cell(1, 1) = "1,5,6";
-  EXPECT_EQ(GridCellText(grid, 1, 1), "1.5,6");
-  SetGridCellText(grid, 1, 2, "2,5");
-  EXPECT_EQ(grid.Cell(1, 2), "2.5");
-  SetGridCellRaw(grid, 1, 0, "3,5");
-  EXPECT_EQ(grid.Cell(1, 0), "3,5");
-  EXPECT_EQ(grid.tag, "user");
-  EXPECT_EQ(grid.row, 2);
-  EXPECT_EQ(grid.col, 1);
-  // A change handler sees "*" while the program writes.
-  std::string seen;
-  grid.on_cell_changed = [&](int, int) { seen = grid.tag; };
-  grid.on_click = [&] {};
-  SetGridCellText(grid, 2, 2, "x");
-  EXPECT_EQ(grid.tag, "user");
-}
-
-TEST(GridHelpers, InsertRowMovesRowsDownTrimmed) {
+TEST(GridHelpers, FirstCommaOnlyInsertedRowsTrimmedAndTheCurrentCellKept) {
   Form form("F");
   Grid grid(&form, "Grid1");
   grid.SetCols(3);
   grid.AddRow("h1\th2\th3");
-  grid.AddRow(" a \tb\tc");
+  grid.AddRow(" a \t1,5,6\tc");
   grid.AddRow("d\te\tf");
+  grid.tag = "user";
+  grid.row = 2;
+  grid.col = 1;
+  EXPECT_EQ(GridCellText(grid, 1, 1), "1.5,6");
+  SetGridCellText(grid, 1, 2, "2,5");
+  SetGridCellRaw(grid, 2, 0, "3,5");
+  EXPECT_EQ(grid.tag + std::to_string(grid.row) + std::to_string(grid.col), "user21");
   GridInsertRow(grid, 1, " x \ty");
-  ASSERT_EQ(grid.rows(), 4);
-  EXPECT_EQ(grid.Cell(1, 0), "x");
-  EXPECT_EQ(grid.Cell(1, 1), "y");
-  EXPECT_EQ(grid.Cell(1, 2), "");
-  EXPECT_EQ(grid.Cell(2, 0), "a");
-  EXPECT_EQ(grid.Cell(3, 2), "f");
+  EXPECT_EQ(testing::GridRows(grid),
+            (std::vector<std::string>{"h1|h2|h3", "x|y|", "a|1,5,6|2.5", "3,5|e|f"}));
 }
 
 TEST(GridHelpers, SelectRowBringsItIntoView) {
@@ -97,11 +78,8 @@ TEST(GridHelpers, SelectRowBringsItIntoView) {
   GridSelectRow(grid, 5, 1, 8);
   EXPECT_EQ(grid.top_row, 5);
   GridSelectRow(grid, 18, 1, 8);  // below the last full page
-  EXPECT_EQ(grid.top_row, 12);
-  EXPECT_EQ(grid.row, 18);
-  EXPECT_EQ(grid.col, 1);
-  EXPECT_EQ(grid.row_sel, 18);
-  EXPECT_EQ(grid.col_sel, 3);
+  EXPECT_EQ((std::vector<int>{grid.top_row, grid.row, grid.col, grid.row_sel, grid.col_sel}),
+            (std::vector<int>{12, 18, 1, 18, 3}));
   GridSelectRowTop(grid, 18, 0, 8);
   EXPECT_EQ(grid.top_row, 1);
   grid.SetRows(4);
@@ -126,40 +104,38 @@ TEST(FormHelpers, CancelAsksOnlyWithChangesAndSavesOnlyWhatPassesTheCheck) {
   int saved = 0;
   auto check = [&passes] { return passes; };
   auto save = [&saved] { ++saved; };
+  // Whether the screen closed, and the saves so far.
   auto cancel = [&](bool dirty, Answer answer) {
     Form form("F");
-    fake.dialogs.Clear();
     fake.dialogs.answers = {answer};
     CancelAskingToSave(form, fake.dialogs, dirty, "Site", check, save);
-    return form.unloaded;
+    return std::to_string(form.unloaded) + std::to_string(saved);
   };
-  EXPECT_TRUE(cancel(false, Answer::kYes));
+  EXPECT_EQ(cancel(false, Answer::kYes), "10");
   EXPECT_TRUE(fake.dialogs.messages.empty());
-  EXPECT_TRUE(cancel(true, Answer::kNo));
-  EXPECT_EQ(fake.dialogs.Last().text, "Do you want to save changes ?\r\rSite");
-  EXPECT_EQ(saved, 0);
-  EXPECT_FALSE(cancel(true, Answer::kCancel));
-  EXPECT_TRUE(cancel(true, Answer::kYes));
-  EXPECT_EQ(saved, 1);
+  EXPECT_EQ(cancel(true, Answer::kNo), "10");
+  EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{"Do you want to save changes ?\r\rSite",
+                                               mb::kYesNoCancel + mb::kExclamation, "Save"}));
+  EXPECT_EQ(cancel(true, Answer::kCancel), "00");
+  EXPECT_EQ(cancel(true, Answer::kYes), "11");
   passes = false;
-  EXPECT_FALSE(cancel(true, Answer::kYes));
+  EXPECT_EQ(cancel(true, Answer::kYes), "01");
   Form form("F");
   OkAndClose(form, check, save);
   EXPECT_FALSE(form.unloaded);
   EXPECT_EQ(saved, 1);
 }
 
-TEST(FormHelpers, SaveQuestionCentreAndCaseList) {
+TEST(FormHelpers, SaveQuestionCentreCaseListAndClearedRow) {
   FakeSession fake;
-  std::string text = "Surface";
+  std::string text = "Surface", none;
   fake.dialogs.answers.push_back(Answer::kNo);
   EXPECT_EQ(AskSaveChanges(fake.dialogs, text), Answer::kNo);
-  EXPECT_EQ(text, "Do you want to save changes ?\r\rSurface");
-  EXPECT_EQ(fake.dialogs.Last().title, "Save");
-  EXPECT_EQ(fake.dialogs.Last().style, mb::kYesNoCancel + mb::kExclamation);
-  std::string none;
   AskSaveChanges(fake.dialogs, none);
-  EXPECT_EQ(fake.dialogs.Last().text, "Do you want to save changes ?");
+  EXPECT_EQ(fake.dialogs.Texts(),
+            (std::vector<std::string>{"Do you want to save changes ?\r\rSurface",
+                                      "Do you want to save changes ?"}));
+  EXPECT_EQ(text, fake.dialogs.messages[0].text);
 
   Form form("F");
   form.width = 6000;
@@ -186,135 +162,67 @@ TEST(FormHelpers, SaveQuestionCentreAndCaseList) {
   EXPECT_EQ(fields[0] + fields[2] + fields[3] + fields[7] + fields[29], "");
 }
 
-TEST(InpBox, NumberChecksAndTheirMessages) {
-  FakeSession fake;
-  std::vector<std::string> tries = {"13", "abc", "", " 7 "};
-  size_t next = 0;
-  fake.dialogs.screens["InpBox"] = [&](Form& form) {
-    auto& box = static_cast<InpBox&>(form);
-    EXPECT_EQ(box.caption, "Copy month");
-    EXPECT_EQ(box.Label1.caption, "Target month (0= all other) ");
-    EXPECT_EQ(box.Text1.max_length, 2);
-    EXPECT_EQ(box.Text1.text, "1");
-    EXPECT_EQ(box.Text1.sel_length, 1);
-    EXPECT_EQ(box.focus, "Text1");
-    while (!box.unloaded && next < tries.size()) {
-      box.Text1.text = tries[next++];
-      box.Ok();
-    }
-  };
-  std::string result = AskInput(fake.session, "Target month (0= all other) ", "1", "Copy month", 2,
-                                -1, 0, 12, false);
-  EXPECT_EQ(result, " 7 ");  // returned untrimmed
-  ASSERT_EQ(fake.dialogs.messages.size(), 3u);
-  EXPECT_EQ(fake.dialogs.messages[0].text, "Input value (Min:  0, Max:  12)");
-  EXPECT_EQ(fake.dialogs.messages[0].title, "MESSAGE");
-  EXPECT_EQ(fake.dialogs.messages[0].style, mb::kExclamation);
-  EXPECT_EQ(fake.dialogs.messages[1].text, "Input must be a value");
-  EXPECT_EQ(fake.dialogs.messages[2].text, "Input must be a value");
-}
-
-TEST(InpBox, FreeTextCancelMaskAndWidth) {
-  FakeSession fake;
-  fake.dialogs.screens["InpBox"] = [](Form& form) {
-    auto& box = static_cast<InpBox&>(form);
-    EXPECT_EQ(box.Text1.password_char, '*');
-    // The window fits the longer of the prompt and the field, at least 3855.
-    EXPECT_EQ(box.width, 3855);
-    box.Text1.text = "secret";
-    box.Cancel();
-  };
-  EXPECT_EQ(AskInput(fake.session, "Name", "", "T", 5, 0, 0, 0, true), "");
-  fake.dialogs.screens["InpBox"] = [](Form& form) {
-    auto& box = static_cast<InpBox&>(form);
-    EXPECT_EQ(box.width, 100 * 40 + 400);  // the 40-letter prompt is the longer
-    box.Text1.text = "";
-    box.Ok();
-  };
-  EXPECT_EQ(AskInput(fake.session, std::string(40, 'p'), "x", "T", 16, 0, 0, 0, false), "");
-  fake.dialogs.screens["InpBox"] = [](Form& form) {
-    auto& box = static_cast<InpBox&>(form);
-    EXPECT_EQ(box.width, 100 * 45 + 400);  // 45 letters "M" are the longer
-    box.Text1.text = "Clear 4 mm";
-    box.Ok();
-  };
-  EXPECT_EQ(AskInput(fake.session, "Glass type name", "", "ADD GLASS TYPE", 45, 0, 0, 0, false),
-            "Clear 4 mm");
-  // A default longer than the field is cut to it, so Ok returns what is shown.
-  fake.dialogs.screens["InpBox"] = [](Form& form) { static_cast<InpBox&>(form).Ok(); };
-  EXPECT_EQ(
-      AskInput(fake.session, "Type a name ", "Outer wall 365 mm brick", "T", 16, 0, 0, 0, false),
-      "Outer wall 365 m");
-  EXPECT_TRUE(fake.dialogs.messages.empty());
-}
-
-TEST(InpBox, LimitsComparedInSinglePrecision) {
-  FakeSession fake;
-  fake.dialogs.screens["InpBox"] = [](Form& form) {
-    auto& box = static_cast<InpBox&>(form);
-    box.Text1.text = "99999.001";  // 99999.0 as a single: inside the limit
-    box.Ok();
-  };
-  EXPECT_EQ(
-      AskInput(fake.session, "Type thickness (mm) ", "", "Add wall-layer", 5, -1, 1, 99999, false),
-      "99999.001");
-  EXPECT_TRUE(fake.dialogs.messages.empty());
-}
-
-}  // namespace
-}  // namespace zelmo
-
-namespace zelmo {
-namespace {
-
-// Every question the libraries ask through the input box: the title, prompt
-// and length reach the box, and a value out of range names the limits.
-TEST(InpBox, TheLibrariesQuestions) {
-  struct Use {
-    const char* prompt;
-    const char* title;
-    int max_length;
-    int kind;
+// Every question asked through the input box: the box as it opens, the
+// answers typed in turn, each followed by OK ("" presses OK on what is shown,
+// "\x1b" presses Cancel), what AskInput returns and the messages shown.
+TEST(InpBox, QuestionsAnswersAndLimits) {
+  struct Ask {
+    std::string prompt, default_text, title;
+    int max_length, kind;
     float min, max;
-    const char* limits;
+    Strings typed;
+    std::string result;
+    Strings messages;
+    int width = 3855;
+    bool mask = false;
   };
-  const Use uses[] = {
-      {"Type a name ", "Add Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
-      {"Type name of target ", "Copy Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
-      {"Type a new name ", "Rename Walls/Floors/Roofs/Doors", 16, 0, 0, 0, ""},
-      {"Type thickness (mm) ", "Add wall-layer", 5, -1, 1, 99999,
-       "Input value (Min:  1, Max:  99999)"},
-      {"Type thickness (mm) ", "Edit thickness", 5, -1, 1, 99999,
-       "Input value (Min:  1, Max:  99999)"},
-      {"Glass type name", "ADD GLASS TYPE", 30, 0, 0, 0, ""},
-      {"Type name", "ADD WINDOW", 30, 0, 0, 0, ""},
-      {"Target month (0= all other) ", "Copy month", 2, -1, 0, 12,
-       "Input value (Min:  0, Max:  12)"},
+  const std::string month = "Target month (0= all other) ", mm = "Type thickness (mm) ";
+  const std::string months = "Input value (Min:  0, Max:  12)", value = "Input must be a value";
+  const std::string mms = "Input value (Min:  1, Max:  99999)", name = "Type a name ";
+  const std::string in = "99999.001", glass = "Clear 4 mm";
+  const Strings no;
+  const Ask asks[] = {
+      // Each limit passes, just outside is refused; the answer is not trimmed.
+      {month, "1", "Copy month", 2, -1, 0, 12, Words("13 abc -1 0"), "0", {months, value, months}},
+      {month, "1", "Copy month", 2, -1, 0, 12, {"12"}, "12", no},
+      {month, "1", "Copy month", 2, -1, 0, 12, {"", " 7 "}, " 7 ", {value}},
+      // Limits compared in single precision: 99999.001 is 99999.0.
+      {mm, "", "Add wall-layer", 5, -1, 1, 99999, {"0", "99999.01", in}, in, {mms, mms}},
+      {mm, "", "Edit thickness", 5, -1, 1, 99999, {"-5", "1"}, "1", {mms}},
+      // Free text takes anything; the window fits the longer of the prompt and
+      // the field.
+      {name, "", "Add Walls/Floors/Roofs/Doors", 16, 0, 0, 0, {"-5"}, "-5", no},
+      {"Glass type name", "", "ADD GLASS TYPE", 45, 0, 0, 0, {glass}, glass, no, 100 * 45 + 400},
+      {std::string(40, 'p'), "x", "T", 16, 0, 0, 0, {""}, "", no, 100 * 40 + 400},
+      {"Name", "", "T", 5, 0, 0, 0, {"\x1b"}, "", no, 3855, true},
+      // A default longer than the field is cut to it: OK returns what is shown.
+      {name, "Outer wall 365 mm brick", "T", 16, 0, 0, 0, no, "Outer wall 365 m", no},
   };
-  for (const Use& use : uses) {
-    testing::FakeSession fake;
-    fake.dialogs.screens["InpBox"] = [&](Form& form) {
+  for (const Ask& ask : asks) {
+    SCOPED_TRACE(ask.title + " " + ask.result);
+    FakeSession fake;
+    fake.dialogs.screens["InpBox"] = [&ask](Form& form) {
       auto& box = static_cast<InpBox&>(form);
-      EXPECT_EQ(box.caption, use.title);
-      EXPECT_EQ(box.Label1.caption, use.prompt);
-      EXPECT_EQ(box.Text1.max_length, use.max_length);
-      box.Text1.text = "-5";
-      box.Ok();
-      if (!box.unloaded) {
-        box.Text1.text = "5";
-        box.Ok();
+      const std::string shown = ask.default_text.substr(0, ask.max_length);
+      EXPECT_EQ(box.caption + "|" + box.Label1.caption + "|" + box.Text1.text + "|" + box.focus,
+                ask.title + "|" + ask.prompt + "|" + shown + "|Text1");
+      EXPECT_EQ((std::vector<int>{box.Text1.max_length, box.Text1.sel_length,
+                                  box.Text1.password_char, box.width}),
+                (std::vector<int>{ask.max_length, static_cast<int>(shown.size()),
+                                  ask.mask ? '*' : 0, ask.width}));
+      if (ask.typed.empty()) box.Ok();
+      for (const std::string& text : ask.typed) {
+        box.Text1.text = text;
+        text == "\x1b" ? box.Cancel() : box.Ok();
       }
+      EXPECT_TRUE(box.unloaded);
     };
-    std::string answer = AskInput(fake.session, use.prompt, "", use.title, use.max_length, use.kind,
-                                  use.min, use.max, false);
-    if (use.kind == 0) {
-      EXPECT_EQ(answer, "-5") << use.title;
-      EXPECT_TRUE(fake.dialogs.messages.empty()) << use.title;
-    } else {
-      EXPECT_EQ(answer, "5") << use.title;
-      ASSERT_EQ(fake.dialogs.messages.size(), 1u) << use.title;
-      EXPECT_EQ(fake.dialogs.Last().text, use.limits);
-    }
+    EXPECT_EQ(AskInput(fake.session, ask.prompt, ask.default_text, ask.title, ask.max_length,
+                       ask.kind, ask.min, ask.max, ask.mask),
+              ask.result);
+    std::vector<ShownMessage> messages;
+    for (const auto& text : ask.messages) messages.push_back({text, mb::kExclamation, "MESSAGE"});
+    EXPECT_EQ(fake.dialogs.messages, messages);
   }
 }
 

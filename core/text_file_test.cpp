@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <functional>
+
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/guard.h"
@@ -24,25 +27,20 @@ TEST(TextFiles, WritesCrLfAndSingleByteLetters) {
   EXPECT_EQ(Utf8FromCp1252("\xE5\x80"), "\u00e5\u20ac");
 }
 
-TEST(TextFiles, ReadsTheLastLineWithoutItsEnd) {
+TEST(TextFiles, ReadsTheLastLineWithoutItsEndAndOpensOnlyFiles) {
   TempDir dir;
   WriteBytes(dir / "a.txt", "one\r\ntwo\r\n\r\nlast");
-  auto lines = ReadAllLines(dir / "a.txt");
-  ASSERT_TRUE(lines);
-  EXPECT_EQ(*lines, (std::vector<std::string>{"one", "two", "", "last"}));
+  EXPECT_EQ(ReadAllLines(dir / "a.txt").value(),
+            (std::vector<std::string>{"one", "two", "", "last"}));
   WriteBytes(dir / "b.txt", "one\r\n");
   EXPECT_EQ(*ReadAllLines(dir / "b.txt"), std::vector<std::string>{"one"});
   WriteBytes(dir / "empty.txt", "");
-  EXPECT_TRUE(FileCanOpen(dir / "empty.txt"));
-  EXPECT_TRUE(ReadAllLines(dir / "empty.txt")->empty());
-}
-
-TEST(TextFiles, FileCanOpenGivesFalseForEveryFailure) {
-  TempDir dir;
-  EXPECT_FALSE(FileCanOpen(dir / "missing.txt"));
-  EXPECT_FALSE(FileCanOpen(dir / "no" + "/dir.txt"));
-  EXPECT_FALSE(FileCanOpen(""));
-  EXPECT_FALSE(FileCanOpen(dir.path()));  // a folder is no file
+  EXPECT_TRUE(FileCanOpen(dir / "empty.txt") && ReadAllLines(dir / "empty.txt")->empty());
+  // A folder is no file; every other failure gives false too.
+  for (const std::string& path :
+       {dir / "missing.txt", dir / "no/dir.txt", std::string(), dir.path()}) {
+    EXPECT_FALSE(FileCanOpen(path)) << path;
+  }
 }
 
 TEST(TextFiles, FindsAndReplacesAFileUnderAnotherCase) {
@@ -70,32 +68,25 @@ TEST(TextFiles, FindsAndReplacesAFileUnderAnotherCase) {
   EXPECT_EQ(SubFolders(dir.path()), (std::vector<std::string>{"Case1", "\xC5sa"}));
 }
 
-TEST(TextFiles, AWholeFileWriteLeavesNoTemporaryFile) {
+TEST(TextFiles, AWholeFileWriteReplacesTheFileAndLeavesNoTemporaryFile) {
   TempDir dir;
-  ASSERT_TRUE(WriteAllLines(dir / "A.INP", {"1"}));
-  ASSERT_TRUE(WriteAllLines(dir / "A.INP", {"2"}));
+  const std::string path = dir / "A.INP", link = dir / "link";
+  // The new bytes go to a file of their own renamed over the old one: a
+  // second link to the old file keeps the old bytes.
+  const std::function<bool()> writes[] = {
+      [&] { return WriteAllLines(path, {"new"}); }, [&] { return WriteAllBytes(path, "new\r\n"); },
+      [&] { return RewriteListFile(path, [](const std::string&) { return "new"; }); }};
+  for (const auto& write : writes) {
+    WriteBytes(path, "old\r\n");
+    std::filesystem::create_hard_link(ToFsPath(path), ToFsPath(link));
+    ASSERT_TRUE(write());
+    EXPECT_EQ(ReadBytes(path) + ReadBytes(link), "new\r\nold\r\n");
+    DeleteFile(link);
+  }
   EXPECT_EQ(FilesWithExtension(dir.path(), ""), std::vector<std::string>{"A.INP"});
   // A write into a folder that is not there fails and creates nothing.
   EXPECT_FALSE(WriteAllLines(dir / "none/A.INP", {"1"}));
   EXPECT_FALSE(testing::Exists(dir / "none"));
-}
-
-TEST(ListRewrite, LeavesACompleteListAndNoXxxFile) {
-  TempDir dir;
-  const std::string list = dir / "PROJECTS.LIB";
-  WriteBytes(list, "alpha\talpha\r\n  beta\tbeta  \r\ngamma\tgamma");
-  WriteBytes(dir / "PROJECTS.XXX", "stale rest of a crash\r\n");
-  ASSERT_TRUE(RewriteListFile(list, [](const std::string& line) -> std::optional<std::string> {
-    if (FieldBefore(line, "\t") == "beta") return std::nullopt;
-    return line;
-  }));
-  EXPECT_EQ(ReadBytes(list), "alpha\talpha\r\ngamma\tgamma\r\n");
-  EXPECT_FALSE(testing::Exists(dir / "PROJECTS.XXX"));
-  EXPECT_EQ(ListTempPath(dir / "CASES.LIB"), dir / "CASES.XXX");
-  // No list file: nothing happens.
-  EXPECT_FALSE(RewriteListFile(dir / "CASES.LIB",
-                               [](const std::string& l) { return std::optional<std::string>(l); }));
-  EXPECT_FALSE(testing::Exists(dir / "CASES.LIB"));
 }
 
 TEST(AppendLine, CreatesTheFileAndEndsWithCrLf) {
@@ -131,23 +122,17 @@ TEST(FailurePolicy, ReadingPastTheEndIsReportedWithFileAndLine) {
   EXPECT_EQ(dialogs.Last().style, mb::kCritical);
   // The program runs on: the next operation works.
   EXPECT_TRUE(RunGuarded(dialogs, [] {}));
-}
-
-TEST(TextReader, TrimsBlanksButKeepsTabs) {
+  // A trimmed line keeps its TABs.
   TextReader reader("mem", {"  a\t ", " b "});
-  EXPECT_EQ(reader.ReadTrimmedLine(), "a\t");
-  EXPECT_EQ(reader.ReadTrimmedLine(), "b");
+  const std::string first = reader.ReadTrimmedLine();
+  EXPECT_EQ(first + reader.ReadTrimmedLine(), "a\tb");
   EXPECT_TRUE(reader.AtEnd());
   EXPECT_EQ(reader.LineNumber(), 2);
 }
 
 TEST(FileSystem, NamesThatWouldEscapeTheirFolder) {
-  EXPECT_TRUE(EscapesFolder("."));
-  EXPECT_TRUE(EscapesFolder(".."));
-  EXPECT_TRUE(EscapesFolder("a/b"));
-  EXPECT_TRUE(EscapesFolder("a\\b"));
-  EXPECT_FALSE(EscapesFolder("case.1"));
-  EXPECT_FALSE(EscapesFolder("abc"));
+  for (const char* name : {".", "..", "a/b", "a\\b"}) EXPECT_TRUE(EscapesFolder(name)) << name;
+  for (const char* name : {"case.1", "abc"}) EXPECT_FALSE(EscapesFolder(name)) << name;
 }
 
 TEST(FileSystem, CopyDeleteAndDropResultFilesWhateverTheirCase) {

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "core/fields.h"
+#include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
+#include "simulation/launchers.h"
 #include "simulation/module_error.h"
+#include "simulation/results_screen.h"
 
 namespace zelmo {
 namespace {
@@ -14,85 +20,45 @@ using testing::ReadBytes;
 using testing::TempDir;
 using testing::WriteBytes;
 
-struct Status {
-  bool ok = false;
-  int code = -99;
+// What the status file of the case says: "ok" or "failed", the code, the
+// module, the text and the number.
+std::string Status(const Workspace& ws, int code = -99) {
   std::string module = "unset", text = "unset";
   double number = -1;
-};
-
-Status Read(const Workspace& ws, int code_before = -99) {
-  Status s;
-  s.code = code_before;
-  s.ok = ReadStatusFile(ws, s.code, s.module, s.text, s.number);
-  return s;
+  bool ok = ReadStatusFile(ws, code, module, text, number);
+  std::ostringstream status;
+  status << (ok ? "ok " : "failed ") << code << "|" << module << "|" << text << "|" << number;
+  return status.str();
 }
 
-TEST(StatusFile, InitWritesTheStartBytesAndReadsAsSuccess) {
+TEST(StatusFile, InitCodesAndTheFileCutShort) {
   TempDir dir;
   Workspace ws;
   ws.CasePath = dir.path();
   ASSERT_TRUE(InitStatusFile(ws));
   EXPECT_EQ(ReadBytes(dir / "ECM.Dat"), "    0 Start     \r\nTOM\r\n0\r\n");
-  Status s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.code, 0);
-  EXPECT_EQ(s.module, "Start");
-  EXPECT_EQ(s.text, "TOM");
-  EXPECT_EQ(s.number, 0);
-}
-
-TEST(StatusFile, CodesZeroNegativePositiveAndNone) {
-  TempDir dir;
-  Workspace ws;
-  ws.CasePath = dir.path();
-  WriteBytes(dir / "ECM.Dat", "    0 PLOR      \r\nDone\r\n 12.5\r\n");
-  Status s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.module, "PLOR");
-  EXPECT_EQ(s.text, "Done");
-  EXPECT_EQ(s.number, 12.5);
-
-  // A negative code is no error, and comes back as its absolute value.
-  WriteBytes(dir / "ECM.Dat", "   -7 NEB\r\nx\r\n0\r\n");
-  s = Read(ws);
-  EXPECT_TRUE(s.ok);
-  EXPECT_EQ(s.code, 7);
-  EXPECT_EQ(s.module, "NEB");
-
-  // Free format: a comma ends a field, a quoted text is taken whole.
-  WriteBytes(dir / "ECM.Dat", "203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n");
-  s = Read(ws);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 203);
-  EXPECT_EQ(s.module, "CORV, pass 2");
-  EXPECT_EQ(s.text, "Wall 5");
-  EXPECT_EQ(s.number, 3);
-
+  EXPECT_EQ(Status(ws), "ok 0|Start|TOM|0");
+  const std::pair<const char*, const char*> files[] = {
+      {"    0 PLOR      \r\nDone\r\n 12.5\r\n", "ok 0|PLOR|Done|12.5"},
+      // A negative code is no error, and comes back as its absolute value.
+      {"   -7 NEB\r\nx\r\n0\r\n", "ok 7|NEB|x|0"},
+      // Free format: a comma ends a field, a quoted text is taken whole.
+      {"203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n", "failed 203|CORV, pass 2|Wall 5|3"}};
+  for (const auto& [bytes, status] : files) {
+    WriteBytes(dir / "ECM.Dat", bytes);
+    EXPECT_EQ(Status(ws), status);
+  }
   // The file's name is found whatever its case.
-  std::filesystem::remove(ToFsPath(dir / "ECM.Dat"));
+  DeleteFile(dir / "ECM.Dat");
   WriteBytes(dir / "ecm.dat", "  401 FENT      \r\nTOM\r\n0\r\n");
-  s = Read(ws);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 401);
-  EXPECT_EQ(s.module, "FENT");
-
+  EXPECT_EQ(Status(ws), "failed 401|FENT|TOM|0");
   // No file: module "??", failure, the code as it was.
-  std::filesystem::remove(ToFsPath(dir / "ecm.dat"));
-  s = Read(ws, 5);
-  EXPECT_FALSE(s.ok);
-  EXPECT_EQ(s.code, 5);
-  EXPECT_EQ(s.module, "??");
-
+  DeleteFile(dir / "ecm.dat");
+  EXPECT_EQ(Status(ws, 5).substr(0, 12), "failed 5|??|");
   // A file cut short is reported with its name and line.
   WriteBytes(dir / "ECM.Dat", "    3 DANE\r\n");
-  try {
-    Read(ws);
-    FAIL() << "a file cut short must be reported";
-  } catch (const FileError& e) {
-    EXPECT_EQ(e.line(), 2);
-    EXPECT_EQ(e.path(), dir / "ECM.Dat");
-  }
+  EXPECT_EQ(testing::FileErrorText([&ws] { Status(ws); }),
+            "Input past end of file\r" + (dir / "ECM.Dat") + ", line 2");
 }
 
 TEST(RunModule, StartsTheModuleOnTheCaseFolderWithoutFocus) {
@@ -100,28 +66,23 @@ TEST(RunModule, StartsTheModuleOnTheCaseFolderWithoutFocus) {
   fake.ws().ThermalDirectory = "/opt/zelmo/TZELMO";
   fake.ws().CasePath = "/data/my proj/case1";
   RunModule(fake.session, "PLOR.EXE");
-  ASSERT_EQ(fake.processes.calls.size(), 1u);
-  const auto& call = fake.processes.calls[0];
-  EXPECT_EQ(call.program, JoinPath("/opt/zelmo/TZELMO", "PLOR.EXE"));
-  EXPECT_EQ(call.arguments, std::vector<std::string>{JoinPath("/data/my proj/case1", "")});
-  EXPECT_EQ(call.window_mode, 7);
+  EXPECT_EQ(
+      fake.processes.calls,
+      (std::vector<testing::RunCall>{
+          {JoinPath("/opt/zelmo/TZELMO", "PLOR.EXE"), {JoinPath("/data/my proj/case1", "")}, 7}}));
 }
 
-// The error table walk, with the Errform screen recorded as it is shown.
-struct ShownError {
-  std::string title, text;
-};
-
-std::vector<ShownError> ShowError(const std::string& table, int code, const std::string& text,
-                                  int show_text) {
+// The error table walk: the title and text of each Errform shown.
+testing::Strings ShowError(const std::string& table, int code, const std::string& text,
+                           int show_text) {
   TempDir dir;
   FakeSession fake;
   fake.ws().ProgramDirectory = dir.path();
   if (!table.empty()) WriteBytes(dir / "ErrorCodesZelmo/ErrorsZelmo.err", table);
-  std::vector<ShownError> shown;
+  testing::Strings shown;
   fake.dialogs.screens["Errform"] = [&shown](Form& form) {
     auto& err = static_cast<Errform&>(form);
-    shown.push_back({err.caption, err.Label1.caption});
+    shown.push_back(err.caption + "|" + err.Label1.caption);
     err.Command1.on_click();
     EXPECT_TRUE(err.unloaded);
   };
@@ -143,19 +104,12 @@ TEST(ModuleError, WalksTheTableEntryByEntry) {
       "Not an entry\r\n"
       "012 FENT\r\n"
       "Third";
-  auto shown = ShowError(table, 12, "ignored", 0);
-  ASSERT_EQ(shown.size(), 3u);
-  EXPECT_EQ(shown[0].title, "Error  12 in module PLOR");
-  EXPECT_EQ(shown[0].text, "First line of 12. 1234 is part of the text ");
-  EXPECT_EQ(shown[1].title, "Error  12 in module CORV second");
-  EXPECT_EQ(shown[1].text, "Again 12 ");
-  EXPECT_EQ(shown[2].title, "Error  12 in module FENT");
-  EXPECT_EQ(shown[2].text, "Third ");
-
-  shown = ShowError(table, 123, "Previous text   ", 1);
-  ASSERT_EQ(shown.size(), 1u);
-  EXPECT_EQ(shown[0].title, "Error  123 in module NEB");
-  EXPECT_EQ(shown[0].text, "Previous text\r\nText of 123 ");
+  EXPECT_EQ(ShowError(table, 12, "ignored", 0),
+            (testing::Strings{
+                "Error  12 in module PLOR|First line of 12. 1234 is part of the text ",
+                "Error  12 in module CORV second|Again 12 ", "Error  12 in module FENT|Third "}));
+  EXPECT_EQ(ShowError(table, 123, "Previous text   ", 1),
+            testing::Strings{"Error  123 in module NEB|Previous text\r\nText of 123 "});
 
   EXPECT_TRUE(ShowError(table, 55, "x", 1).empty());
   EXPECT_TRUE(ShowError("", 12, "x", 1).empty());  // no table: nothing shown
@@ -172,6 +126,231 @@ TEST(ModuleError, TheShippedTableHasATextForEveryModule) {
     EXPECT_FALSE(entries[0].lines.empty()) << code;
   }
   EXPECT_EQ(FindErrorEntries(*lines, 701)[0].module, "ZELMO-QRN");
+}
+
+using testing::RunCall;
+
+// A case with a finished run and a volume chosen for comfort.
+struct ComfortCase {
+  ComfortCase() {
+    ws().CasePath = dir / "proj/case1";
+    ws().ComfortDirectory = "/z/FELT";
+    ws().DiagramDirectory = "/z/DIAGRAM";
+    ws().ProgramDirectory = dir.path();
+    WriteBytes(dir / "proj/case1/ECM.Dat", "    0 MUK       \r\nTOM\r\n0\r\n");
+    // One element between Volume 1 and Volume 2.
+    std::string element = "Wall\r\n";
+    for (int field = 1; field <= 29; ++field) {
+      element += std::string("\t") + (field == 7 ? "1" : field == 8 ? "2" : "0") + "\r\n";
+    }
+    WriteBytes(dir / "proj/case1/SURFACE.INP", element);
+    WriteBytes(dir / "proj/case1/OUTPUT.INP",
+               "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n2\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
+    // Felt.EXE leaves Felt.GGG in the case folder.
+    fake.processes.on_run = [this](const RunCall& call) {
+      if (call.program == JoinPath("/z/FELT", "Felt.EXE")) WriteBytes(case_file("Felt.GGG"), "");
+    };
+  }
+  Workspace& ws() { return fake.ws(); }
+  std::string case_file(const std::string& name) { return JoinPath(ws().CasePath, name); }
+  TempDir dir;
+  FakeSession fake;
+};
+
+TEST(Launchers, LineDiagramAndComfortCommandLines) {
+  ComfortCase c;
+  std::string arg = JoinPath(c.ws().CasePath, "");
+  RunLineDiagram(c.fake.session);
+  RunThermalComfort(c.fake.session);
+  std::filesystem::remove(ToFsPath(c.case_file("Felt.GGG")));
+  RunVisualComfort(c.fake.session);
+  const RunCall felt{JoinPath("/z/FELT", "Felt.EXE"), {arg}, 7};
+  EXPECT_EQ(c.fake.processes.calls,
+            (std::vector<RunCall>{{JoinPath("/z/DIAGRAM", "RSDiagram.EXE"), {arg}, 5},
+                                  felt,
+                                  {JoinPath("/z/FELT", "TrvComf.EXE"), {arg + "Felt"}, 5},
+                                  felt,
+                                  {JoinPath("/z/FELT", "TRVdaylight.exe"), {c.ws().CasePath}, 5}}));
+  EXPECT_TRUE(c.fake.dialogs.messages.empty());
+}
+
+TEST(Launchers, ComfortRefusals) {
+  ComfortCase c;
+  // No Felt.GGG after Felt.EXE: the viewer is not started.
+  c.fake.processes.on_run = nullptr;
+  RunThermalComfort(c.fake.session);
+  EXPECT_EQ(c.fake.processes.calls.size(), 1u);
+  const testing::ShownMessage none{"No Comfort calculations has been done", mb::kExclamation,
+                                   "Comfort"};
+  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>{none});
+
+  // No volume chosen for comfort, or only one the elements no longer name:
+  // nothing starts.
+  c.fake.processes.calls.clear();
+  WriteBytes(c.case_file("OUTPUT.INP"), "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
+  RunThermalComfort(c.fake.session);
+  RunVisualComfort(c.fake.session);
+  WriteBytes(c.case_file("OUTPUT.INP"),
+             "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n3\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
+  RunThermalComfort(c.fake.session);
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>(4, none));
+
+  // After a failed run the error screen shows code 701 and nothing starts.
+  WriteBytes(c.dir / "ErrorCodesZelmo/ErrorsZelmo.err", "701 ZELMO-QRN\r\nRun again.\r\n");
+  WriteBytes(c.case_file("ECM.Dat"), "  202 NEB       \r\nTOM\r\n0\r\n");
+  std::string title, label;
+  c.fake.dialogs.screens["Errform"] = [&](Form& form) {
+    title = form.caption;
+    label = static_cast<Errform&>(form).Label1.caption;
+  };
+  RunThermalComfort(c.fake.session);
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_EQ(title, "Error  701 in module ZELMO-QRN");
+  EXPECT_EQ(label,
+            "Previous calculation for this case has ended with en error 202 in module "
+            "NEB.\r\nRun again. ");
+}
+
+TEST(Launchers, UsersManualThroughTheRegisteredReader) {
+  TempDir dir;
+  FakeSession fake;
+  fake.ws().MainDirectory = dir / "TGZELMO";
+  std::filesystem::create_directories(ToFsPath(fake.ws().MainDirectory));
+  fake.desktop.registered_program = "C:\\Reader\\AcroRd32.exe /s";
+  ShowUsersManual(fake.session);
+  std::string root = FromFsPath(ToFsPath(dir.path()).root_path());
+  const std::vector<RunCall> reader = {
+      {"C:\\Reader\\AcroRd32.exe", {root + JoinPath("document", "CD_Zelmo4w4.pdf")}, 5}};
+  EXPECT_EQ(fake.processes.calls, reader);
+  EXPECT_TRUE(FileCanOpen(dir / "TGZELMO/pq.pdf"));
+
+  fake.desktop.has_registered_program = false;
+  ShowUsersManual(fake.session);
+  EXPECT_EQ(fake.processes.calls, reader);
+  EXPECT_EQ(fake.dialogs.Texts(), testing::Strings{"No Excel program was found ! "});
+}
+
+using testing::Exists;
+
+struct ResultsCase {
+  ResultsCase() {
+    ws().ProjectName = "Office";
+    ws().ProjectPath = dir / "office";
+    ws().CaseName = "case2";
+    ws().CasePath = dir / "office/case2";
+    ws().MainDirectory = dir / "TGZELMO";
+    ws().ProgramDirectory = dir.path();
+    WriteBytes(dir / "office/CASES.LIB", "case1 - First\r\ncase2 - Second\r\n");
+    WriteBytes(dir / "office/case1/a.LIS", "one\r\n");
+    WriteBytes(dir / "office/case2/PLOR.LIS", "PLOR report\r\nline 2");
+    WriteBytes(dir / "office/case2/muk.lis", "MUK\r\n");
+    WriteBytes(dir / "office/case2/LOADS.TXT", "1,5\t2,25\r\n3.0\r\n");
+    std::filesystem::create_directories(ToFsPath(ws().MainDirectory));
+  }
+  Workspace& ws() { return fake.ws(); }
+  TempDir dir;
+  FakeSession fake;
+};
+
+TEST(Results, ListsCasesTypesAndFiles) {
+  ResultsCase c;
+  Results screen(c.fake.session);
+  screen.Load();
+  EXPECT_EQ(screen.caption + "|" + screen.Label1.caption,
+            "TextFiles|Existing cases - Project : office");
+  EXPECT_EQ(screen.CaseList.items, (testing::Strings{"case1 - First", "case2 - Second"}));
+  EXPECT_EQ(screen.CaseList.list_index, 1);
+  EXPECT_EQ(screen.TypeList.items, (testing::Strings{"LIS", "TXT"}));
+  EXPECT_EQ(screen.File1.items.size(), 3u);  // no type chosen: every file
+  testing::Act(screen, {"TypeList#0"});
+  EXPECT_EQ(screen.File1.items, (testing::Strings{"muk.lis", "PLOR.LIS"}));
+  testing::Act(screen, {"CaseList#0"});
+  EXPECT_EQ(screen.File1.items, testing::Strings{"a.LIS"});
+
+  // A case folder without result files: an empty list, and nothing happens.
+  WriteBytes(c.dir / "office/CASES.LIB", "case3 - Empty\r\n");
+  Results empty(c.fake.session);
+  c.ws().CaseName = "case3";
+  empty.Load();
+  EXPECT_TRUE(empty.File1.items.empty());
+  testing::Act(empty, {"File1", "File1*"});
+  EXPECT_TRUE(c.fake.processes.calls.empty() && c.fake.dialogs.messages.empty());
+}
+
+TEST(Results, ShowsPrintsAndOpensAReport) {
+  ResultsCase c;
+  Results screen(c.fake.session);
+  screen.Load();
+  testing::Act(screen, {"TypeList#0"});
+  EXPECT_FALSE(screen.Command1.visible);
+  testing::Act(screen, {"File1#1"});
+  EXPECT_EQ(screen.Text1.text, "PLOR report\r\nline 2\r\n");
+  EXPECT_TRUE(screen.Command1.visible);
+  testing::Act(screen, {"Command1"});
+  EXPECT_EQ(c.fake.desktop.printed, testing::Strings{screen.Text1.text});
+
+  // Without the editor in the program tree the registered program opens it.
+  std::string path = c.dir / "office/case2/PLOR.LIS";
+  testing::Act(screen, {"File1*"});
+  EXPECT_EQ(c.fake.desktop.opened, testing::Strings{path});
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  WriteBytes(c.dir / "TGZELMO/QEDITOR.EXE", "");
+  testing::Act(screen, {"File1*"});
+  const std::vector<testing::RunCall> editor = {{c.dir / "TGZELMO/QEDITOR.EXE", {path}, 5}};
+  EXPECT_EQ(c.fake.processes.calls, editor);
+  EXPECT_EQ(screen.caption, "Results - " + ToLower(path));
+
+  std::filesystem::remove(ToFsPath(path));
+  testing::Act(screen, {"File1*"});
+  EXPECT_EQ(c.fake.processes.calls, editor);
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (testing::ShownMessage{"Can not find the file " + path, mb::kExclamation, "MESSAGE"}));
+  testing::Act(screen, {"Command3", "Command2"});
+  EXPECT_EQ(
+      c.fake.desktop.help_calls,
+      (std::vector<std::pair<std::string, int>>{{c.dir / "Help_English/ZELMO_e.chm", 12120}}));
+  EXPECT_TRUE(screen.unloaded);
+}
+
+TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
+  ResultsCase c;
+  c.ws().DecimalComma = true;
+  c.fake.desktop.registered_program = "C:\\Office\\EXCEL.EXE \"%1\"";
+  Results screen(c.fake.session);
+  screen.Load();
+  testing::Act(screen, {"TypeList#1", "File1#0"});
+  ASSERT_EQ(screen.File1.SelectedItem(), "LOADS.TXT");
+  EXPECT_EQ(screen.Text1.text, "");  // tables are not shown in the box
+  EXPECT_FALSE(screen.Command1.visible);
+
+  std::string path = c.dir / "office/case2/LOADS.TXT";
+  testing::Act(screen, {"File1*"});
+  EXPECT_EQ(ReadBytes(path), "1,5\t2,25\r\n3,0\r\n");
+  EXPECT_FALSE(Exists(c.dir / "office/case2/TLOADS.TXT"));
+  EXPECT_TRUE(Exists(c.dir / "TGZELMO/pq.xls"));
+  std::vector<testing::RunCall> calls = {
+      {"C:\\Office\\EXCEL.EXE", {c.dir / "TGZELMO/pq.xls", path}, 5}};
+  EXPECT_EQ(c.fake.processes.calls, calls);
+
+  // A point system turns every comma into a point; a last line gets its end.
+  WriteBytes(path, "1,5\t2,25\r\n3.0");
+  c.ws().DecimalComma = false;
+  EXPECT_TRUE(RewriteDecimalSeparators(path, false));
+  EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
+
+  c.fake.desktop.has_registered_program = false;
+  testing::Act(screen, {"File1*"});
+  EXPECT_EQ(c.fake.dialogs.Last().text, "No Excel program was found ! ");
+  EXPECT_EQ(ReadBytes(path), "1.5\t2.25\r\n3.0\r\n");
+
+  // "Reports": the program registered for the file.
+  c.fake.desktop.has_registered_program = true;
+  c.fake.desktop.registered_program = "/usr/bin/editor";
+  testing::Fill(screen, {"Option1#0", "Option2#1"});
+  testing::Act(screen, {"File1*"});
+  calls.push_back({"/usr/bin/editor", {path}, 5});
+  EXPECT_EQ(c.fake.processes.calls, calls);
 }
 
 }  // namespace

@@ -8,91 +8,69 @@ namespace {
 
 using ProjectScreens = StoreTest;
 
-constexpr int kWarning = mb::kExclamation;
+const std::string kBadName = "Name must be <=  8 characters long and no spaces in the name !";
 
 TEST_F(ProjectScreens, NewProjectRegistersCopiesTheLibrariesAndSetsTheState) {
-  NewProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<NewProject>();
   EXPECT_EQ(screen.Label2.caption, "Existing projects ( " + ws().LocalPath + " )");
   EXPECT_TRUE(screen.List1.items.empty());
-  screen.Text1.text = " ABC ";
-  screen.New();
-  EXPECT_TRUE(screen.unloaded);
-  EXPECT_TRUE(fake.dialogs.messages.empty());
+  Act(screen, {"Text1= ABC ", "Command1"});
+  EXPECT_TRUE(screen.unloaded && fake.dialogs.messages.empty());
   EXPECT_EQ(Projects(), "abc\tabc\r\n");
-  EXPECT_EQ(ws().ProjectName, "abc");
-  EXPECT_EQ(ws().ProjectPath, Data("abc"));
+  EXPECT_EQ(ws().ProjectPath + "|" + main.caption, Data("abc") + "|Project : abc");
   // The library files are found whatever the case of their names.
-  EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")), "gastp.inp\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/GLASSTP.INP")), "Glasstp.INP\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/Wndtp.LIB")), "WNDTP.LIB\r\n");
-  EXPECT_EQ(ReadBytes(Data("abc/OPAQUE.LIB")), "opaque.lib\r\n");
-  EXPECT_EQ(main.caption, "Project : abc");
-  EXPECT_TRUE(main.M_OpenProject.enabled && main.LPO.enabled && main.M_Case.enabled);
-  EXPECT_FALSE(main.M_OpenCase.enabled);
+  EXPECT_EQ(ReadBytes(Data("abc/GASTP.INP")) + ReadBytes(Data("abc/GLASSTP.INP")) +
+                ReadBytes(Data("abc/Wndtp.LIB")) + ReadBytes(Data("abc/OPAQUE.LIB")),
+            "gastp.inp\r\nGlasstp.INP\r\nWNDTP.LIB\r\nopaque.lib\r\n");
   // The menu's Simulate is on, the panel's is off.
-  EXPECT_TRUE(main.M_ThermalLoads.enabled);
-  EXPECT_FALSE(main.ss.enabled);
+  EXPECT_TRUE(main.M_OpenProject.enabled && main.LPO.enabled && main.M_Case.enabled &&
+              main.M_ThermalLoads.enabled);
+  EXPECT_FALSE(main.M_OpenCase.enabled || main.ss.enabled);
   EXPECT_EQ(main.LCN.fore_color, Rgb(0, 0, 200));
 
-  NewProject again(fake.session, main);
-  fake.dialogs.ShowModal(again);
-  EXPECT_EQ(again.List1.items, std::vector<std::string>{"abc - abc"});
+  auto& again = Show<NewProject>();
+  EXPECT_EQ(again.List1.items, Strings{"abc - abc"});
   EXPECT_EQ(again.List1.list_index, 0);
-  again.Text1.text = "abc";
-  again.New();
+  Act(again, {"Text1=abc", "Command1"});
   EXPECT_TRUE(again.unloaded);  // closes after a failed attempt too
-  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
-  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
-  EXPECT_EQ(fake.dialogs.Last().style, kWarning);
+  EXPECT_EQ(fake.dialogs.Last(),
+            (ShownMessage{"A project with the same name or path already exists", mb::kExclamation,
+                          "Error message"}));
   EXPECT_EQ(Projects(), "abc\tabc\r\n");
 }
 
 TEST_F(ProjectScreens, NewProjectRefusesBadNamesAndCreatesNothing) {
-  const auto before = Listing(ws().LocalPath);
-  const std::string bad_name = "Name must be <=  8 characters long and no spaces in the name !";
-  for (const char* name : {"abcdefghi", "a b", "a/b", "a\\b", ".", "..", "../x"}) {
+  std::vector<std::pair<std::string, std::string>> refusals = {
+      {"a b", kBadName},
+      {"", "Name and path must be set"},
+      {"   ", "Projectpath can not be the same as System-, Local- or Thermal-path"}};
+  for (const auto& name : Words("abcdefghi a/b a\\b . .. ../x"))
+    refusals.push_back({name, kBadName});
+  for (const auto& [name, message] : refusals) {
     NewProject screen(fake.session, main);
-    screen.Text1.text = name;
-    screen.New();
-    EXPECT_EQ(fake.dialogs.Last().text, bad_name) << name;
+    Act(screen, {"Text1=" + name, "Command1"});
+    EXPECT_EQ(fake.dialogs.Last().text, message) << name;
   }
-  NewProject empty(fake.session, main);
-  empty.New();
-  EXPECT_EQ(fake.dialogs.Last().text, "Name and path must be set");
-  NewProject blanks(fake.session, main);
-  blanks.Text1.text = "   ";
-  blanks.New();
-  EXPECT_EQ(fake.dialogs.Last().text,
-            "Projectpath can not be the same as System-, Local- or Thermal-path");
-  EXPECT_EQ(Listing(ws().LocalPath), before);
   EXPECT_TRUE(Listing(ws().LocalPath).empty());
-  EXPECT_TRUE(Listing(dir.path()) == (std::vector<std::string>{"Data", "Program"}));
+  EXPECT_EQ(Listing(dir.path()), (Strings{"Data", "Program"}));
 
   // A missing library file ends the operation after the project is
   // registered, as the register comes first.
   DeleteFile(JoinPath(ws().MainDirectory, "WNDTP.LIB"));
   NewProject screen(fake.session, main);
-  screen.Text1.text = "p";
-  try {
-    screen.New();
-    ADD_FAILURE();
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.path(), JoinPath(ws().MainDirectory, "Wndtp.LIB"));
-  }
+  EXPECT_EQ(FileErrorText([&] {
+              Act(screen, {"Text1=p", "Command1"});
+            }),
+            "File not found\r" + JoinPath(ws().MainDirectory, "Wndtp.LIB"));
   EXPECT_EQ(Projects(), "p\tp\r\n");
-
   // A project folder that can't be made: the message names the folder, not
   // the program's library, and nothing is registered.
   WriteBytes(Data("q"), "a file where the folder should be\r\n");
   NewProject blocked(fake.session, main);
-  blocked.Text1.text = "q";
-  try {
-    blocked.New();
-    ADD_FAILURE();
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.UserText(), "Path not found\r" + Data("q"));
-  }
+  EXPECT_EQ(FileErrorText([&] {
+              Act(blocked, {"Text1=q", "Command1"});
+            }),
+            "Path not found\r" + Data("q"));
   EXPECT_EQ(Projects(), "p\tp\r\n");
 }
 
@@ -104,24 +82,17 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   ws().CaseName = "c1";
   ws().CasePath = InProject("c1");
 
-  OpenProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
-  EXPECT_EQ(screen.List1.items, (std::vector<std::string>{"one - one", "two - two"}));
-  screen.List1.list_index = 1;
-  screen.List1.on_dbl_click();
+  auto& screen = Show<OpenProject>();
+  EXPECT_EQ(screen.List1.items, (Strings{"one - one", "two - two"}));
+  Act(screen, {"List1#1*"});
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(ws().ProjectName, "two");
-  EXPECT_EQ(ws().ProjectPath, Data("two"));
-  EXPECT_EQ(ws().CaseName, "");
-  EXPECT_EQ(ws().CasePath, "");
+  EXPECT_EQ(ws().ProjectPath + "|" + ws().CaseName + "|" + ws().CasePath, Data("two") + "||");
   EXPECT_EQ(main.caption, " Project : two");
   // No CASES.LIB: only New Case works in the Case menu.
   EXPECT_TRUE(main.M_Case.enabled && main.M_NewCase.enabled && main.ss.enabled);
   EXPECT_FALSE(main.M_OpenCase.enabled || main.M_RenameCase.enabled || main.M_Model.enabled);
 
-  OpenProject first(fake.session, main);
-  fake.dialogs.ShowModal(first);
-  first.Open();
+  Act(Show<OpenProject>(), {"Command1"});
   EXPECT_EQ(main.caption, " Project : one");
   EXPECT_TRUE(main.M_OpenCase.enabled && main.M_CopyCase.enabled && main.M_DeleteCase.enabled &&
               main.M_RenameCase.enabled);
@@ -132,8 +103,7 @@ TEST_F(ProjectScreens, OpenProjectClosesTheCaseAndEnablesCasesWithCasesLib) {
   AppendLine(Data("PROJECTS.LIB"), "up\t..");
   for (int index : {2, 3}) {
     ExpectOpenRefusesDamagedLine<OpenProject>(index, Data("PROJECTS.LIB"));
-    EXPECT_EQ(ws().ProjectPath, Data("one"));
-    EXPECT_EQ(main.caption, " Project : one");
+    EXPECT_EQ(ws().ProjectPath + "|" + main.caption, Data("one") + "| Project : one");
   }
 }
 
@@ -141,8 +111,8 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   AddProject("src", "src");
   OpenAs("src", "src");
   AddCase("c1", "first", "X--XX-");
-  for (const char* name : {"a.txt", "B.LIS", "c.Ddd", "d.GGG", "e.ppp", "SURFACE.INP"}) {
-    WriteBytes(InProject(std::string("c1/") + name), "data\r\n");
+  for (const auto& name : Words("a.txt B.LIS c.Ddd d.GGG e.ppp SURFACE.INP")) {
+    WriteBytes(InProject("c1/" + name), "data\r\n");
   }
   WriteBytes(InProject("WALLS.LIB"), "wall\r\n");
   // A case registered in lower case whose folder keeps the case it was typed in.
@@ -150,50 +120,43 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   WriteBytes(InProject("Case2/R.TXT"), "data\r\n");
   WriteBytes(InProject("Case2/THERMAL.INP"), "XXXXXX\r\n");
 
-  CopyProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<CopyProject>();
   EXPECT_EQ(screen.List1.list_index, 0);
-  screen.Text1.text = "old";
-  screen.List1.on_click();
-  EXPECT_EQ(screen.Text1.text, "");
-  EXPECT_EQ(screen.focus, "Text1");
-  screen.Text1.text = "Cp";
-  screen.Copy();
+  Act(screen, {"Text1=old", "List1#0"});
+  EXPECT_EQ(screen.Text1.text + "|" + screen.focus, "|Text1");
+  Act(screen, {"Text1=Cp", "Command1"});
   EXPECT_FALSE(screen.unloaded);
   EXPECT_TRUE(fake.dialogs.messages.empty());
   EXPECT_EQ(fake.dialogs.busy_calls, (std::vector<bool>{true, false}));
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
   EXPECT_EQ(screen.List1.items.back(), "cp - " + Data("cp"));
-  EXPECT_EQ(ws().ProjectName, "cp");
   EXPECT_EQ(main.caption, "Project : cp");
-  EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")), "X--XX-\r\n");
-  EXPECT_EQ(ReadBytes(Data("cp/WALLS.LIB")), "wall\r\n");
-  EXPECT_EQ(Listing(Data("cp/c1")), (std::vector<std::string>{"SURFACE.INP", "THERMAL.INP"}));
-  EXPECT_EQ(Listing(Data("cp/Case2")), std::vector<std::string>{"THERMAL.INP"});
+  EXPECT_EQ(ReadBytes(Data("cp/c1/THERMAL.INP")) + ReadBytes(Data("cp/WALLS.LIB")),
+            "X--XX-\r\nwall\r\n");
+  EXPECT_EQ(Listing(Data("cp/c1")), (Strings{"SURFACE.INP", "THERMAL.INP"}));
+  EXPECT_EQ(Listing(Data("cp/Case2")), Strings{"THERMAL.INP"});
   EXPECT_EQ(Listing(Data("src/c1")).size(), 7u);
   EXPECT_TRUE(main.RT.enabled && main.RDL.enabled && main.RC.enabled && main.ss.enabled);
   EXPECT_FALSE(main.M_Model.enabled || main.M_Diagram.enabled);
 
   // The item of the copy holds a full path, which is nothing to copy from.
   const auto before = Listing(ws().LocalPath);
-  screen.List1.list_index = 1;
-  screen.Text1.text = "cp2";
+  Fill(screen, {"List1#1", "Text1=cp2"});
   EXPECT_THROW(screen.Copy(), FileError);
   EXPECT_EQ(Listing(ws().LocalPath), before);
 
   screen.List1.list_index = 0;
-  for (const char* name : {"abcdefghi", "a/b", "..", "."}) {
-    screen.Text1.text = name;
-    screen.Copy();
-    EXPECT_EQ(fake.dialogs.Last().text, "Target name must be <=  8 characters long") << name;
+  std::vector<std::pair<std::string, std::string>> refusals = {
+      {" ", "Target name must be set"},
+      {"SRC", "A project with the same name or path already exists"}};
+  for (const auto& name : Words("abcdefghi a/b .. .")) {
+    refusals.push_back({name, "Target name must be <=  8 characters long"});
   }
-  screen.Text1.text = " ";
-  screen.Copy();
-  EXPECT_EQ(fake.dialogs.Last().text, "Target name must be set");
-  screen.Text1.text = "SRC";
-  screen.Copy();
-  EXPECT_EQ(fake.dialogs.Last().text, "A project with the same name or path already exists");
-  EXPECT_EQ(fake.dialogs.Last().title, "Error message");
+  for (const auto& [name, message] : refusals) {
+    Act(screen, {"Text1=" + name, "Command1"});
+    EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{message, mb::kExclamation, "Error message"}))
+        << name;
+  }
   EXPECT_EQ(Listing(ws().LocalPath), before);
   EXPECT_EQ(Projects(), "src\tsrc\r\ncp\tcp\r\n");
 }
@@ -203,56 +166,44 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   AddProject("xyz", "xyz");
   OpenAs("abc", "abc");
   ws().CaseName = "c1";
-  // Rename Project from its menu entry: the list item at `index` to `name`.
-  auto RenameThroughMenu = [this](int index, const std::string& name) {
-    fake.dialogs.screens["RenProject"] = [index, name](Form& form) {
-      auto& screen = static_cast<RenProject&>(form);
-      screen.List1.list_index = index;
-      screen.Text1.text = name;
-      screen.Rename();
-    };
+  // Rename Project from its menu entry: the user's acts on the screen.
+  auto RenameThroughMenu = [this](const Strings& acts) {
+    fake.dialogs.screens["RenProject"] = [acts](Form& form) { Act(form, acts); };
     RunRenameProject(main);
   };
   fake.dialogs.screens["RenProject"] = [](Form& form) {
     auto& screen = static_cast<RenProject&>(form);
     EXPECT_EQ(screen.Text1.text, "");  // the selection of the load fills nothing
-    screen.List1.on_click();
-    EXPECT_EQ(screen.Text1.text, "abc");
-    EXPECT_EQ(screen.Text1.sel_length, 3);
-    screen.Text1.text = "NewName";
-    screen.Command1.on_click();
+    Act(screen, {"List1#0"});
+    EXPECT_EQ(screen.Text1.text + "|" + std::to_string(screen.Text1.sel_length), "abc|3");
+    Act(screen, {"Text1=NewName", "Command1"});
     EXPECT_EQ(screen.List1.items[0], "newname - abc");
   };
   RunRenameProject(main);
   EXPECT_EQ(Projects(), "newname\tabc\r\nxyz\txyz\r\n");
   EXPECT_FALSE(Exists(Data("newname")));
   EXPECT_TRUE(Exists(Data("abc")));
-  EXPECT_EQ(ws().ProjectName, "newname");
   EXPECT_EQ(main.caption, " (newname - c1)");
 
   // Another project: the title stays.
-  RenameThroughMenu(1, "other");
+  RenameThroughMenu({"List1#1", "Text1=other", "Command1"});
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\n");
   EXPECT_EQ(main.caption, " (newname - c1)");
 
   // The renamed project, "<new name> - <old directory>", still opens its old
   // folder.
-  OpenProject open(fake.session, main);
-  fake.dialogs.ShowModal(open);
-  open.Open();
+  Show<OpenProject>().Open();
   EXPECT_EQ(ws().ProjectPath, Data("abc"));
 
   fake.dialogs.screens.clear();
-  const std::vector<std::pair<std::string, std::string>> refusals = {
+  const std::pair<std::string, std::string> refusals[] = {
       {"", "Projectname must be set"},
       {"OTHER", "A project with the same name already exist"},
       {"newname", "A project with the same name already exist"},
-      {"a/b", "Name must be <=  8 characters long and no spaces in the name !"}};
+      {"a/b", kBadName}};
   for (const auto& [name, message] : refusals) {
-    RenProject screen(fake.session, main);
-    fake.dialogs.ShowModal(screen);
-    screen.Text1.text = name;
-    screen.Rename();
+    auto& screen = Show<RenProject>();
+    Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_TRUE(screen.unloaded);
     EXPECT_EQ(fake.dialogs.Last().text, message);
   }
@@ -263,15 +214,13 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
   ws().ProjectName.clear();
   main.SetTitle("");
   AppendLine(Data("PROJECTS.LIB"), "\tlost");
-  RenameThroughMenu(2, "found");
+  RenameThroughMenu({"List1#2", "Text1=found", "Command1"});
   fake.dialogs.screens.clear();
   EXPECT_EQ(Projects(), "newname\tabc\r\nother\txyz\r\nfound\tlost\r\n");
-  EXPECT_EQ(ws().ProjectName, "");
-  EXPECT_EQ(main.caption, "");
+  EXPECT_EQ(ws().ProjectName + "|" + main.caption, "|");
   DeleteFile(Data("PROJECTS.LIB"));
   RenProject screen(fake.session, main);
-  screen.Text1.text = "z";
-  screen.Rename();
+  Act(screen, {"Text1=z", "Command1"});
   EXPECT_EQ(fake.dialogs.Last().text, "Projectfile does not exist");
 }
 
@@ -283,65 +232,53 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   ws().CaseName = "c1";
   ws().CasePath = Data("abc/c1");
 
-  DelProject screen(fake.session, main);
-  fake.dialogs.ShowModal(screen);
+  auto& screen = Show<DelProject>();
   EXPECT_FALSE(screen.Command1.enabled);
-  screen.List1.list_index = 2;
-  screen.List1.on_click();
+  Act(screen, {"List1#2"});
   EXPECT_TRUE(screen.Command1.enabled);
   fake.dialogs.answers = {Answer::kNo};
-  screen.Command1.on_click();
-  EXPECT_EQ(fake.dialogs.Last().text, "Do you really want to delete the CURRENT project\rabc ?");
-  EXPECT_EQ(fake.dialogs.Last().style, 52);
-  EXPECT_EQ(fake.dialogs.Last().title, "");
+  Act(screen, {"Command1"});
+  EXPECT_EQ(fake.dialogs.Last(),
+            (ShownMessage{"Do you really want to delete the CURRENT project\rabc ?", 52, ""}));
   EXPECT_TRUE(Exists(Data("abc")));
 
-  screen.Command1.on_click();
-  EXPECT_FALSE(Exists(Data("abc")));
-  EXPECT_FALSE(Exists(Data("PROJECTS.XXX")));
+  Act(screen, {"Command1"});
+  EXPECT_FALSE(Exists(Data("abc")) || Exists(Data("PROJECTS.XXX")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
-  EXPECT_EQ(ws().ProjectName, "");
-  EXPECT_EQ(ws().CaseName, "");
-  EXPECT_EQ(ws().ProjectPath, Data("abc"));  // kept
-  EXPECT_EQ(ws().CasePath, Data("abc/c1"));  // kept
-  EXPECT_EQ(main.caption, "");
+  // The paths are kept.
+  EXPECT_EQ(ws().ProjectName + "|" + ws().CaseName + "|" + ws().ProjectPath + "|" + ws().CasePath +
+                "|" + main.caption,
+            "||" + Data("abc") + "|" + Data("abc/c1") + "|");
   EXPECT_FALSE(main.M_Case.enabled || main.M_Library.enabled || main.M_Result.enabled);
   EXPECT_TRUE(main.M_ThermalLoads.enabled);
 
   // The Delete button finds the line by the folder: a renamed project's
   // line stays behind.
-  screen.List1.list_index = 1;
-  screen.Command1.on_click();
+  Act(screen, {"List1#1", "Command1"});
   EXPECT_EQ(fake.dialogs.Last().text, "Do you want to delete the project\rrenamed ?");
   EXPECT_FALSE(Exists(Data("old")));
   EXPECT_EQ(Projects(), "keep\tkeep\r\nrenamed\told\r\n");
-  EXPECT_EQ(screen.List1.items, std::vector<std::string>{"keep - keep"});
+  EXPECT_EQ(screen.List1.items, Strings{"keep - keep"});
 
   // A folder that is not there: two messages, the register stays.
   DeleteFolderTree(Data("keep"));
   fake.dialogs.Clear();
-  screen.List1.list_index = 0;
-  screen.Command1.on_click();
+  Act(screen, {"List1#0", "Command1"});
   ASSERT_EQ(fake.dialogs.messages.size(), 3u);
   EXPECT_EQ(fake.dialogs.messages[1].text, "Can't delete the directory and its contents !");
-  EXPECT_EQ(fake.dialogs.messages[2].text, "Some error has occurred !");
-  EXPECT_EQ(fake.dialogs.messages[2].title, "");
+  EXPECT_EQ(fake.dialogs.messages[2], (ShownMessage{"Some error has occurred !", 0, ""}));
   EXPECT_EQ(screen.List1.items.size(), 1u);
 
   // The double click deletes by the name; the last one removes the register
   // and leaves only New Project.
-  DelProject again(fake.session, main);
-  fake.dialogs.ShowModal(again);
-  EXPECT_EQ(again.List1.items, (std::vector<std::string>{"keep - keep", "renamed - old"}));
-  again.List1.list_index = 1;
-  again.List1.on_dbl_click();
+  auto& again = Show<DelProject>();
+  EXPECT_EQ(again.List1.items, (Strings{"keep - keep", "renamed - old"}));
+  Act(again, {"List1#1*"});
   EXPECT_EQ(Projects(), "keep\tkeep\r\n");
   fake.dialogs.screens["DelProject"] = [](Form& form) {
-    auto& screen = static_cast<DelProject&>(form);
-    screen.List1.list_index = 0;
-    screen.List1.on_dbl_click();
-    EXPECT_FALSE(screen.Command1.enabled);
-    screen.Command4.on_click();
+    Act(form, {"List1#0*"});
+    EXPECT_FALSE(static_cast<DelProject&>(form).Command1.enabled);
+    Act(form, {"Command4"});
   };
   main.StateAfterNewCase();
   RunDeleteProject(main);

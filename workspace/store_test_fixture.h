@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "core/fields.h"
 #include "core/file_system.h"
@@ -65,8 +67,7 @@ class StoreTest : public ::testing::Test {
   // `list_file`, naming the file and the line.
   template <class OpenScreen>
   void ExpectOpenRefusesDamagedLine(int index, const std::string& list_file) {
-    OpenScreen damaged(fake.session, main);
-    fake.dialogs.ShowModal(damaged);
+    auto& damaged = Show<OpenScreen>();
     damaged.List1.list_index = index;
     try {
       damaged.Open();
@@ -77,9 +78,18 @@ class StoreTest : public ::testing::Test {
     }
   }
 
+  // A screen of the stores, shown as its menu entry shows it.
+  template <class Screen>
+  Screen& Show() {
+    shown.push_back(std::make_unique<Screen>(fake.session, main));
+    fake.dialogs.ShowModal(*shown.back());
+    return static_cast<Screen&>(*shown.back());
+  }
+
   TempDir dir;
   FakeSession fake;
   StartForm main{fake.session};
+  std::vector<std::unique_ptr<Form>> shown;
 };
 
 }  // namespace zelmo::testing

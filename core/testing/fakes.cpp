@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <fstream>
+#include <ostream>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -12,6 +13,16 @@
 namespace zelmo::testing {
 
 namespace fs = std::filesystem;
+
+void PrintTo(const ShownMessage& message, std::ostream* out) {
+  *out << "{\"" << message.text << "\", " << message.style << ", \"" << message.title << "\"}";
+}
+
+void PrintTo(const RunCall& call, std::ostream* out) {
+  *out << "{\"" << call.program << "\", {";
+  for (const auto& argument : call.arguments) *out << "\"" << argument << "\" ";
+  *out << "}, " << call.window_mode << "}";
+}
 
 Answer FakeDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
   messages.push_back({text, style, title});
@@ -146,5 +157,63 @@ void WriteBytes(const std::string& path, const std::string& bytes) {
 }
 
 bool Exists(const std::string& path) { return fs::exists(ToFsPath(path)); }
+
+std::string FileErrorText(const std::function<void()>& operation) {
+  try {
+    operation();
+  } catch (const FileError& error) {
+    return error.UserText();
+  }
+  return "no error";
+}
+
+Strings Words(const std::string& text) {
+  Strings words;
+  std::istringstream in(text);
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+namespace {
+void Set(Form& form, std::string act, bool events) {
+  const bool twice = !act.empty() && act.back() == '*';
+  if (twice) act.pop_back();
+  const size_t at = act.find_first_of("=#");
+  Control* control = form.Find(act.substr(0, at));
+  if (!control) throw std::invalid_argument("no control: " + act);
+  auto fire = [events](const std::function<void()>& event) {
+    if (events && event) event();
+  };
+  if (at != std::string::npos && act[at] == '=') {
+    control->text = act.substr(at + 1);
+    fire(control->on_change);
+    return;
+  }
+  if (at != std::string::npos) {
+    const bool box =
+        control->kind() == ControlKind::kCheckBox || control->kind() == ControlKind::kOption;
+    (box ? control->value : control->list_index) = std::stoi(act.substr(at + 1));
+  }
+  fire(twice ? control->on_dbl_click : control->on_click);
+}
+}  // namespace
+
+void Fill(Form& form, const Strings& settings) {
+  for (const std::string& setting : settings) Set(form, setting, false);
+}
+
+void Act(Form& form, const Strings& acts) {
+  for (const std::string& act : acts) Set(form, act, true);
+}
+
+std::vector<std::string> GridRows(const Grid& grid) {
+  std::vector<std::string> rows;
+  for (int r = 0; r < grid.rows(); ++r) {
+    std::string row;
+    for (int c = 0; c < grid.cols(); ++c) row += (c ? "|" : "") + grid.Cell(r, c);
+    rows.push_back(row);
+  }
+  return rows;
+}
 
 }  // namespace zelmo::testing

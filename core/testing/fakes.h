@@ -5,22 +5,28 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "core/controls.h"
 #include "core/dialogs.h"
 #include "core/ports.h"
 #include "core/session.h"
 
 namespace zelmo::testing {
 
+using Strings = std::vector<std::string>;
+
 struct ShownMessage {
   std::string text;
   int style = 0;
   std::string title;
+  bool operator==(const ShownMessage&) const = default;
 };
+void PrintTo(const ShownMessage& message, std::ostream* out);
 
 class FakeDialogs : public Dialogs {
  public:
@@ -66,7 +72,9 @@ struct RunCall {
   std::string program;
   std::vector<std::string> arguments;
   int window_mode = 0;
+  bool operator==(const RunCall&) const = default;
 };
+void PrintTo(const RunCall& call, std::ostream* out);
 
 class FakeProcessRunner : public ProcessRunner {
  public:
@@ -123,5 +131,24 @@ class TempDir {
 std::string ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, const std::string& bytes);
 bool Exists(const std::string& path);
+
+// What the user is told of the FileError an operation throws (the fault,
+// the file and the line), or "no error".
+std::string FileErrorText(const std::function<void()>& operation);
+
+// The words of a text, split at blanks: a long list of names on few lines.
+Strings Words(const std::string& text);
+
+// Fills a screen's controls as a user leaves them, without their events:
+// "Name=text" sets a text, "Name#3" a list index or the value of a check or
+// option box.
+void Fill(Form& form, const Strings& settings);
+// The user's acts on a screen in turn, each with its event: "Name=text"
+// types a text (a change), "Name#3" picks an item or sets a box (a click),
+// "Name" clicks, and a "*" at the end double-clicks instead.
+void Act(Form& form, const Strings& acts);
+
+// The cells of a grid, a string a row with its cells joined by "|".
+std::vector<std::string> GridRows(const Grid& grid);
 
 }  // namespace zelmo::testing

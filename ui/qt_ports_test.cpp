@@ -1,5 +1,3 @@
-#include "ui/qt_process.h"
-
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -9,10 +7,41 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "simulation/modules.h"
+#include "ui/qt_desktop.h"
+#include "ui/qt_process.h"
+#include "ui/qt_settings.h"
+#include "ui/qt_text.h"
 #include "ui/test_support.h"
 
 namespace zelmo::ui {
 namespace {
+
+TEST(QtSettings, KeysUnderApplicationAndSectionKeepTheirText) {
+  TestApp();
+  testing::TempDir dir;
+  QString file = Q(dir / "settings.ini");
+  {
+    QtSettings store(file);
+    EXPECT_EQ(store.Get("Zelmo-QRN", "Project", "LocalPath", "fallback"), "fallback");
+    store.Save("Zelmo-QRN", "Project", "LocalPath", Cp1252FromUtf8("/srv/Zelmo Data/Malmö"));
+    store.Save("Zelmo-QRN", "Project", "AccuracyLevelTL", "2-New coeff. each timestep");
+  }
+  QtSettings again(file);
+  EXPECT_EQ(again.Get("Zelmo-QRN", "Project", "LocalPath", ""),
+            Cp1252FromUtf8("/srv/Zelmo Data/Malmö"));
+  EXPECT_EQ(again.Get("Zelmo-QRN", "Project", "AccuracyLevelTL", ""), "2-New coeff. each timestep");
+  EXPECT_EQ(again.Get("Zelmo-QRN", "Other", "LocalPath", "none"), "none");
+}
+
+TEST(QtDesktop, MissingFilesOpenNothing) {
+  TestApp();
+  testing::TempDir dir;
+  QtDesktop desktop;
+  // No help file installed: the help call does nothing.
+  desktop.ShowHelp(dir / "Help_English/ZELMO_e.chm", 12000);
+  EXPECT_FALSE(desktop.OpenWithRegistered(dir / "missing.txt"));
+  EXPECT_EQ(desktop.FindExecutable(dir / "missing.xls"), "");
+}
 
 using testing::Exists;
 using testing::ReadBytes;
@@ -30,31 +59,29 @@ struct ModuleRun {
     WriteBytes(dir / "my project/case 1/DAT1.DAT", "Headline\r\n 1.00 2.00\r\n");
     WriteBytes(dir / "my project/Wndw.Lib", "1\r\n");
   }
-  // Runs a module after a fresh status file and reads what it left.
-  bool Run(const std::string& program) {
+  // Runs a module after a fresh status file: whether it reads as a success,
+  // its code and its module.
+  std::string Run(const std::string& program) {
     EXPECT_TRUE(InitStatusFile(session.ws));
     RunModule(session, program);
-    module.clear();
-    code = -1;
-    return ReadStatusFile(session.ws, code, module, text, number);
+    int code = -1;
+    std::string module, text;
+    double number = 0;
+    const bool ok = ReadStatusFile(session.ws, code, module, text, number);
+    return (ok ? "ok " : "failed ") + std::to_string(code) + " " + module;
   }
   std::string CaseFile(const std::string& name) { return JoinPath(session.ws.CasePath, name); }
 
   TempDir dir;
   QtProcessRunner runner;
   Session session;
-  int code = -1;
-  std::string module, text;
-  double number = 0;
 };
 
 TEST(QtProcessRunner, RunsEachStagedModuleOnACaseFolderWithBlanks) {
   ModuleRun run;
   for (const std::string& program : kModulePrograms) {
-    ASSERT_TRUE(run.Run(program)) << program;
     std::string name = program.substr(0, program.find('.'));
-    EXPECT_EQ(run.module, name);
-    EXPECT_EQ(run.code, 0);
+    ASSERT_EQ(run.Run(program), "ok 0 " + name);
     EXPECT_EQ(
         ReadBytes(run.CaseFile("ECM.Dat")),
         "    0 " + name + std::string(10 - name.size(), ' ') + "\r\nStand-in module\r\n0\r\n");
@@ -72,28 +99,16 @@ TEST(QtProcessRunner, EveryEndingOfAModuleReachesTheStatusFile) {
   WriteBytes(run.CaseFile("STANDIN.INP"),
              "PLOR ERROR 101\r\nneb error -4\r\nCORV NOSTATUS\r\nFENT DELAY 1\r\n"
              "DANE EXIT 3\r\n");
-  EXPECT_FALSE(run.Run("PLOR.EXE"));
-  EXPECT_EQ(run.code, 101);
-  EXPECT_EQ(run.module, "PLOR");
-
-  EXPECT_TRUE(run.Run("NEB.EXE"));  // a negative code is no error
-  EXPECT_EQ(run.code, 4);
-
-  EXPECT_FALSE(run.Run("CORV.EXE"));
-  EXPECT_EQ(run.module, "??");
+  EXPECT_EQ(run.Run("PLOR.EXE"), "failed 101 PLOR");
+  EXPECT_EQ(run.Run("NEB.EXE"), "ok 4 NEB");  // a negative code is no error
+  EXPECT_EQ(run.Run("CORV.EXE"), "failed -1 ??");
   EXPECT_FALSE(Exists(run.CaseFile("ECM.Dat")));
-
   auto start = std::chrono::steady_clock::now();
-  EXPECT_TRUE(run.Run("FENT.EXE"));
+  EXPECT_EQ(run.Run("FENT.EXE"), "ok 0 FENT");
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(950));
-  EXPECT_EQ(run.module, "FENT");
-
-  EXPECT_TRUE(run.Run("DANE.EXE"));  // the exit code is not looked at
-  EXPECT_EQ(run.module, "DANE");
-
+  EXPECT_EQ(run.Run("DANE.EXE"), "ok 0 DANE");  // the exit code is not looked at
   // A program that cannot start leaves the status file as it was.
-  EXPECT_TRUE(run.Run("NOSUCH.EXE"));
-  EXPECT_EQ(run.module, "Start");
+  EXPECT_EQ(run.Run("NOSUCH.EXE"), "ok 0 Start");
 }
 
 }  // namespace
