@@ -234,7 +234,7 @@ void CopyProject::Copy() {
       ToLower(name) + " - " +
       LowerPathWhereCaseIgnored(JoinPath(ParentFolder(target), ToLower(LastName(target)))));
   CreateProjectEntry(ws, main_, name, target);
-  if (!CopyFolderTree(source, ws.ProjectPath)) throw FileError(source, 0, "Path not found");
+  if (!CopyFolderTree(source, ws.ProjectPath)) FailWrite(ws.ProjectPath);
   // The copy keeps the inputs and the module flags of its cases, not their
   // results.
   if (auto cases = ReadAllLines(CasesFilePath(ws))) {
