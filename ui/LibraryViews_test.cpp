@@ -1,6 +1,5 @@
 // The construction library screens as a user meets them: each window built,
-// shown and used through its widgets, the row editors and the input box
-// included.
+// shown and used through its widgets, row editors and input box included.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -45,9 +44,8 @@ W* Child(QWidget& dialog, const char* name) {
 // every heading of `grid`, when given, fits its column.
 void ExpectWhole(QDialog& dialog, const char* grid = nullptr) {
   for (auto* label : dialog.findChildren<QLabel*>()) {
-    if (label->isVisible()) {
-      EXPECT_GE(label->width(), label->sizeHint().width()) << S(label->objectName());
-    }
+    EXPECT_TRUE(!label->isVisible() || label->width() >= label->sizeHint().width())
+        << S(label->objectName());
   }
   for (auto* widget : dialog.findChildren<QWidget*>()) {
     if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
@@ -62,16 +60,19 @@ void ExpectWhole(QDialog& dialog, const char* grid = nullptr) {
   }
 }
 
-// The screen's window, shown, its picture saved as `shot` and checked whole.
+// Saves the window's picture as `shot`, when named, and checks it whole.
+void Shot(QDialog& dialog, const std::string& shot, const char* grid = nullptr) {
+  if (shot.empty()) return;
+  SaveShot(&dialog, shot);
+  ExpectWhole(dialog, grid);
+}
+
 std::unique_ptr<QDialog> Show(Form& form, Session& session, const std::string& shot,
                               const char* grid = nullptr) {
   std::unique_ptr<QDialog> dialog(BuildScreen(form, session));
   EXPECT_TRUE(dialog);
   dialog->show();
-  if (!shot.empty()) {
-    SaveShot(dialog.get(), shot);
-    ExpectWhole(*dialog, grid);
-  }
+  Shot(*dialog, shot, grid);
   return dialog;
 }
 
@@ -80,18 +81,19 @@ void WhenShown(const std::string& shot, std::function<void(QDialog&)> act) {
   QTimer::singleShot(0, [shot, act] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     ASSERT_TRUE(dialog);
-    if (!shot.empty()) {
-      SaveShot(dialog, shot);
-      ExpectWhole(*dialog);
-    }
+    Shot(*dialog, shot);
     act(*dialog);
   });
 }
 
-void Type(QDialog& dialog, const char* name, const QString& text) {
-  auto* edit = Child<QLineEdit>(dialog, name);
-  edit->selectAll();
-  QTest::keyClicks(edit, text);
+// Types the blank-separated `values` into the inputs `names`, in order.
+void Type(QDialog& dialog, const std::vector<const char*>& names, const char* values) {
+  const QStringList list = QString(values).split(' ');
+  for (int i = 0; i < list.size(); ++i) {
+    auto* edit = Child<QLineEdit>(dialog, names[i]);
+    edit->selectAll();
+    QTest::keyClicks(edit, list[i]);
+  }
 }
 
 void Click(QWidget& dialog, const char* name, QPoint at = {}) {
@@ -100,18 +102,18 @@ void Click(QWidget& dialog, const char* name, QPoint at = {}) {
 
 void Choose(QDialog& dialog, const char* name, const char* item) {
   auto* combo = Child<QComboBox>(dialog, name);
-  const int index = combo->findText(item);
-  ASSERT_GE(index, 0) << item;
-  combo->setCurrentIndex(index);
-  emit combo->activated(index);
+  combo->setCurrentIndex(combo->findText(item));
+  EXPECT_GE(combo->currentIndex(), 0) << item;
+  emit combo->activated(combo->currentIndex());
 }
 
-// The input box answers `name`.
-void Answer(const char* name) {
+// New (Command1) is clicked and the input box answers `name`.
+void New(QDialog& dialog, const char* name) {
   WhenShown("", [name](QDialog& box) {
-    Type(box, "Text1", name);
+    Type(box, {"Text1"}, name);
     Click(box, "Command1");
   });
+  Click(dialog, "Command1");
 }
 
 TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
@@ -122,92 +124,73 @@ TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
   session.dialogs = &dialogs;
 
   Glass_types glass(session);
-  {
-    auto shown = Show(glass, session, "Glass_types");
-    QDialog& d = *shown;
-    EXPECT_EQ(d.windowTitle(), "Glass types");
-    Answer("Tab1");
-    Click(d, "Command1");
-    for (const char* row : {"80 8 8", "0 100 100"}) {
-      WhenShown("AddAngle", [row](QDialog& box) {
-        EXPECT_EQ(box.windowTitle(), "Add data");
-        const QStringList values = QString(row).split(' ');
-        for (int i = 0; i < 3; ++i) Type(box, std::array{"transm", "Absf", "Absb"}[i], values[i]);
-        Click(box, "Command1");
-      });
-      Click(d, "Command4");
-    }
-    auto* grid = Child<QTableWidget>(d, "Grid1");
-    EXPECT_EQ(grid->item(2, 0)->text(), " 90");
-    Answer("Fres2");
-    Click(d, "Command1");
-    Choose(d, "Combo1", "2");
-    EXPECT_FALSE(grid->isVisible());
-    Type(d, "Text3", "4");
-    Type(d, "Text4", "1.526");
-    Type(d, "Text5", "25");
-    SaveShot(&d, "Glass_types_2");
-    ExpectWhole(d);
-    Answer("Norm3");
-    Click(d, "Command1");
-    Choose(d, "Combo1", "3");
-    Type(d, "Text3", "60");
-    Type(d, "Text4", "20");
-    SaveShot(&d, "Glass_types_3");
-    ExpectWhole(d);
-    Click(d, "Command3");
-    EXPECT_TRUE(glass.unloaded);
+  auto d = Show(glass, session, "Glass_types");
+  EXPECT_EQ(d->windowTitle(), "Glass types");
+  New(*d, "Tab1");
+  for (const char* row : {"80 8 8", "0 100 100"}) {
+    WhenShown("AddAngle", [row](QDialog& box) {
+      EXPECT_EQ(box.windowTitle(), "Add data");
+      Type(box, {"transm", "Absf", "Absb"}, row);
+      Click(box, "Command1");
+    });
+    Click(*d, "Command4");
   }
+  auto* grid = Child<QTableWidget>(*d, "Grid1");
+  EXPECT_EQ(grid->item(2, 0)->text(), " 90");
+  // Then a glass of each of the other two data types.
+  for (const auto& [name, type, values, shot] :
+       std::vector<std::array<const char*, 4>>{{"Fres2", "2", "4 1.526 25", "Glass_types_2"},
+                                               {"Norm3", "3", "60 20", "Glass_types_3"}}) {
+    New(*d, name);
+    Choose(*d, "Combo1", type);
+    EXPECT_FALSE(grid->isVisible());
+    Type(*d, {"Text3", "Text4", "Text5"}, values);
+    Shot(*d, shot);
+  }
+  Click(*d, "Command3");
+  EXPECT_TRUE(glass.unloaded);
   EXPECT_NE(c.Bytes("GLASSTP.INP").find("Norm3\t87\t87\t3\t60\t20\t\t 0\t"), std::string::npos);
 
   Gases gases(session);
-  {
-    auto shown = Show(gases, session, "Gases");
-    WhenShown("Addgas", [](QDialog& box) {
-      const char* values[] = {"CO2", "0.0146", "5e-5", "1.5e-5", "5e-8",
-                              "1.8", "-0.006", "0.77", "-2e-4"};
-      for (int i = 0; i < kGasFields; ++i) Type(box, kGasColumns[i].name, values[i]);
-      Click(box, "OK");
-    });
-    Click(*shown, "Command4");
-    EXPECT_EQ(Child<QTableWidget>(*shown, "Grid1")->item(6, 0)->text(), "CO2");
-    Click(*shown, "Command1");
-  }
+  d = Show(gases, session, "Gases");
+  WhenShown("Addgas", [](QDialog& box) {
+    Type(box, {"namegas", "k", "dk", "u", "du", "r", "dr", "p", "dp"},
+         "CO2 0.0146 5e-5 1.5e-5 5e-8 1.8 -0.006 0.77 -2e-4");
+    Click(box, "OK");
+  });
+  Click(*d, "Command4");
+  EXPECT_EQ(Child<QTableWidget>(*d, "Grid1")->item(6, 0)->text(), "CO2");
+  Click(*d, "Command1");
   EXPECT_NE(c.Bytes("GASTP.INP").find("CO2\t0.0146\t5e-5\t"), std::string::npos);
 
   Wind_Types windows(session);
-  {
-    auto shown = Show(windows, session, "");
-    QDialog& d = *shown;
-    Answer("Tab2Gap");
-    Click(d, "Command1");
-    EXPECT_EQ(d.windowTitle(), "Window types (Tab2Gap)");
-    WhenShown("", [](QDialog& box) {
-      EXPECT_FALSE(Child(box, "Combo2")->isEnabled());
-      Choose(box, "Combo1", "Tab1");
-      Click(box, "Command1");
-    });
-    Click(d, "Command6");
-    WhenShown("AddGaGl", [](QDialog& box) {
-      Choose(box, "Combo1", "Fres2");
-      Choose(box, "Combo2", "CO2");
-      Type(box, "Text1", "12");
-      Click(box, "Check1", QPoint(5, 5));
-      EXPECT_EQ(Child<QLabel>(box, "Label5")->text(), "(Reversed coating) ");
-      Click(box, "Command1");
-    });
-    Click(d, "Command6");
-    SaveShot(&d, "Wind_Types");
-    ExpectWhole(d);
-    EXPECT_EQ(Child<QTableWidget>(d, "Grid1")->item(2, 2)->text(), "CO2");
-    // Choosing a type writes Wndw.Lib for the project.
-    Child<QListWidget>(d, "List1")->setCurrentRow(1);
-    EXPECT_EQ(d.windowTitle(), "Window types (Double4-12-4)");
-    // Without the calculation the properties stay empty.
-    EXPECT_EQ(Child<QLineEdit>(d, "UValue")->text(), "");
-    Click(d, "Command3");
-    EXPECT_TRUE(windows.unloaded);
-  }
+  d = Show(windows, session, "");
+  New(*d, "Tab2Gap");
+  EXPECT_EQ(d->windowTitle(), "Window types (Tab2Gap)");
+  WhenShown("", [](QDialog& box) {
+    EXPECT_FALSE(Child(box, "Combo2")->isEnabled());
+    Choose(box, "Combo1", "Tab1");
+    Click(box, "Command1");
+  });
+  Click(*d, "Command6");
+  WhenShown("AddGaGl", [](QDialog& box) {
+    Choose(box, "Combo1", "Fres2");
+    Choose(box, "Combo2", "CO2");
+    Type(box, {"Text1"}, "12");
+    Click(box, "Check1", QPoint(5, 5));
+    EXPECT_EQ(Child<QLabel>(box, "Label5")->text(), "(Reversed coating) ");
+    Click(box, "Command1");
+  });
+  Click(*d, "Command6");
+  Shot(*d, "Wind_Types");
+  EXPECT_EQ(Child<QTableWidget>(*d, "Grid1")->item(2, 2)->text(), "CO2");
+  // Choosing a type writes Wndw.Lib for the project; without the
+  // calculation the properties stay empty.
+  Child<QListWidget>(*d, "List1")->setCurrentRow(1);
+  EXPECT_EQ(d->windowTitle(), "Window types (Double4-12-4)");
+  EXPECT_EQ(Child<QLineEdit>(*d, "UValue")->text(), "");
+  Click(*d, "Command3");
+  EXPECT_TRUE(windows.unloaded);
   EXPECT_NE(c.Bytes("WNDTP.LIB").find("7\tTab2Gap\t 2\tTab1\tNo\t12\tCO2\tFres2\tYes\t\t"),
             std::string::npos);
   const std::string library = c.Bytes("Wndw.Lib");
@@ -220,9 +203,17 @@ TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
   EXPECT_TRUE(c.AllStale());
 }
 
-TEST(LibraryViews, TheLibraryMenuOpensTheThreeScreens) {
+TEST(LibraryViews, WallsCurtainsScheduleAndOutputAsTheUserSeesThem) {
+  TestApp();
   testing::LibraryCase c;
-  StartForm main(c.fake.session);
+  c.Put("OPAQUE.LIB", testing::Materials(3));
+  c.Put("WALLS.LIB", "1\tOuter\r\n\t1\t100\r\n");
+  c.Put("MOVEINS.LIB", "1\tThin curtain\t40\t20\t.05\r\n");
+  c.Elements({{{8, "1"}}, {{8, "2"}}});
+  c.Put("case1/OUTPUT.INP", "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
+  Session& session = c.fake.session;
+  // The library menu opens the screens.
+  StartForm main(session);
   WireCommands(main);
   for (MenuItem* item :
        {&main.M_Glass_Types, &main.M_Gases, &main.M_Windows_9701, &main.M_Window_types}) {
@@ -230,32 +221,23 @@ TEST(LibraryViews, TheLibraryMenuOpensTheThreeScreens) {
   }
   EXPECT_EQ(c.fake.dialogs.shown_forms,
             (std::vector<std::string>{"Glass_types", "Gases", "Wind_Types", "Wind_Types"}));
-}
-
-TEST(WallsView, AMaterialClickedBecomesALayerAndEveryHeadingIsWhole) {
-  TestApp();
-  testing::LibraryCase c;
-  c.Put("OPAQUE.LIB", testing::Materials(3));
-  c.Put("WALLS.LIB", "1\tOuter\r\n\t1\t100\r\n");
-  Walls screen(c.fake.session);
-  auto dialog = Show(screen, c.fake.session, "Walls", "WallLayerList");
+  Walls screen(session);
+  auto dialog = Show(screen, session, "Walls", "WallLayerList");
   EXPECT_EQ(dialog->windowTitle(), "Walls / Floors / Roofs / Doors (Outer)");
   EXPECT_EQ(Child<QLineEdit>(*dialog, "UvalueWall")->text(), "3.704");
   EXPECT_EQ(Child<QLabel>(*dialog, "Label4")->text(), QString::fromUtf8("W/m2,°C"));
   Click(*dialog, "Command3D2");
   auto* materials = Child<QListWidget>(*dialog, "MtrlList");
   ASSERT_TRUE(materials->isVisible());
-  SaveShot(dialog.get(), "Walls_materials");
+  Shot(*dialog, "Walls_materials");
   // Keys move nothing into the wall; each release of the mouse on a
   // material is a layer, the same material twice included.
   materials->setFocus();
   QTest::keyClick(materials, Qt::Key_Down);
   EXPECT_TRUE(c.asked.empty());
   c.answers = {"20", "30"};
-  for (int i = 0; i < 2; ++i) {
-    QTest::mouseClick(materials->viewport(), Qt::LeftButton, {},
-                      materials->visualItemRect(materials->item(2)).center());
-  }
+  const QPoint third = materials->visualItemRect(materials->item(2)).center();
+  for (int i = 0; i < 2; ++i) QTest::mouseClick(materials->viewport(), Qt::LeftButton, {}, third);
   ASSERT_EQ(c.asked.size(), 2u);
   auto* layers = Child<QTableWidget>(*dialog, "WallLayerList");
   ASSERT_EQ(layers->rowCount(), 4);
@@ -263,19 +245,11 @@ TEST(WallsView, AMaterialClickedBecomesALayerAndEveryHeadingIsWhole) {
   Click(*dialog, "Command3D3");
   EXPECT_FALSE(materials->isVisible());
   EXPECT_EQ(c.Bytes("WALLS.LIB"), "1\tOuter\r\n\t1\t100\r\n\t3\t20\r\n\t3\t30\r\n");
-  OpaqueMtrl opaque(c.fake.session);
-  Show(opaque, c.fake.session, "OpaqueMtrl", "OpaqueList");
-}
+  OpaqueMtrl opaque(session);
+  dialog = Show(opaque, session, "OpaqueMtrl", "OpaqueList");
 
-TEST(CurtainViews, CurtainsScheduleAndOutputAsTheUserSeesThem) {
-  TestApp();
-  testing::LibraryCase c(false);
-  c.Put("MOVEINS.LIB", "1\tThin curtain\t40\t20\t.05\r\n");
-  c.Elements({{{8, "1"}}, {{8, "2"}}});
-  c.Put("case1/OUTPUT.INP", "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
-  Session& session = c.fake.session;
   MoveIns curtains(session);
-  auto dialog = Show(curtains, session, "MoveIns");
+  dialog = Show(curtains, session, "MoveIns");
   EXPECT_EQ(dialog->windowTitle(), "Interior curtains");
   EXPECT_EQ(Child<QTableWidget>(*dialog, "MoveInsList")->item(1, 1)->text(), "Thin curtain");
   AddMoveIns add(session, curtains, true, "1");
@@ -288,7 +262,7 @@ TEST(CurtainViews, CurtainsScheduleAndOutputAsTheUserSeesThem) {
   dialog = Show(schedule, session, "");
   Click(*dialog, "Option3D1(2)", QPoint(6, 8));
   Click(*dialog, "Check3D1(8)", QPoint(6, 8));
-  SaveShot(dialog.get(), "MISched");
+  Shot(*dialog, "MISched");
   EXPECT_TRUE(Child<QRadioButton>(*dialog, "Option3D1(2)")->isChecked());
   EXPECT_EQ(schedule.months()[0].mask, "000000001" + std::string(15, '0'));
 
