@@ -1,33 +1,32 @@
 #include <gtest/gtest.h>
 
 #include "core/guard.h"
-#include "libraries/curtain_test_case.h"
+#include "libraries/library_test_case.h"
 #include "libraries/output_screen.h"
 
 namespace zelmo {
 namespace {
 
-using testing::CurtainCase;
+using testing::LibraryCase;
 
-// Elements facing the volumes given, each with Outdoor on its front.
-void Volumes(CurtainCase& c, const std::vector<std::string>& volumes) {
-  std::vector<std::vector<std::pair<int, std::string>>> elements;
+// Elements of case1 facing the volumes given, each with Outdoor on its front.
+void Volumes(LibraryCase& c, const std::vector<std::string>& volumes) {
+  std::vector<testing::Element> elements;
   for (const auto& v : volumes) elements.push_back({{8, v}});
   c.Elements(elements);
 }
 
 TEST(Out_put, RowsFollowTheVolumesOfTheElements) {
-  CurtainCase c;
+  LibraryCase c(false);
   Volumes(c, {"1", "3"});
   // Volume 2 is gone since the last save; 3 is new. The file flags are read
   // by their absolute value.
-  c.Put("OUTPUT.INP",
+  c.Put("case1/OUTPUT.INP",
         "2\r\n1\r\n-1 \r\n1\t-1\t0\t-1\t0\t0\t0\t0\t\r\n2\t-1\t-1\t-1\t-1\t-1\t-1\t-1\t\r\n");
   Out_put screen(c.fake.session);
   screen.Load();
   ASSERT_EQ(screen.volumes(), (std::vector<std::string>{"1", "3"}));
-  EXPECT_EQ(screen.row(1).Label3.caption, "3");
-  EXPECT_EQ(screen.row(1).Check3D1.caption, "3");
+  EXPECT_EQ(screen.row(1).Label3.caption + screen.row(1).Check3D1.caption, "33");
   EXPECT_EQ(screen.row(0).Quantity[0].value + screen.row(0).Quantity[2].value, 2);
   EXPECT_EQ(screen.row(1).Check3D1.value, 0);
   EXPECT_EQ(screen.Check3D8.value + screen.Check3D9.value, 2);
@@ -37,20 +36,20 @@ TEST(Out_put, RowsFollowTheVolumesOfTheElements) {
   screen.QuantityClick();
   screen.Ok();
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(c.Bytes("OUTPUT.INP"),
+  EXPECT_EQ(c.Bytes("case1/OUTPUT.INP"),
             "2\r\n-1 \r\n-1 \r\n1\t-1\t0\t-1\t0\t0\t0\t0\t\r\n3\t0\t0\t0\t0\t0\t-1\t0\t\r\n");
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "-----X\r\n");
+  EXPECT_EQ(c.Bytes("case1/THERMAL.INP"), "-----X\r\n");
 }
 
 TEST(Out_put, TheBlocksFollowTheOutputTypeAndTheTwoFileBoxes) {
-  CurtainCase c;
+  LibraryCase c(false);
   Volumes(c, {"1"});
   Out_put screen(c.fake.session);
   screen.Load();
-  struct Step {
+  const struct {
     std::function<void()> act;
     bool outputs, comfort, files;
-  } const steps[] = {
+  } steps[] = {
       {[] {}, false, false, false},
       {[&] { screen.OptionClick(2); }, true, true, true},
       {[&] { screen.Check3D8.value = 0, screen.VolLoadClick(); }, false, true, true},
@@ -71,66 +70,57 @@ TEST(Out_put, TheBlocksFollowTheOutputTypeAndTheTwoFileBoxes) {
   }
   // The boxes keep their values, greyed, and are written.
   screen.Ok();
-  EXPECT_EQ(c.Bytes("OUTPUT.INP"), "1\r\n-1 \r\n 0 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
+  EXPECT_EQ(c.Bytes("case1/OUTPUT.INP"), "1\r\n-1 \r\n 0 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
 }
 
 TEST(Out_put, OneComfortVolumeAtMost) {
-  CurtainCase c;
+  LibraryCase c(false);
   Volumes(c, {"1", "2"});
   const std::string two =
       "2\r\n 0 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t-1\t\r\n2\t0\t0\t0\t0\t0\t0\t-1\t\r\n";
-  c.Put("OUTPUT.INP", two);
+  c.Put("case1/OUTPUT.INP", two);
   Out_put screen(c.fake.session);
   screen.Load();
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(c.Bytes("case1/THERMAL.INP"), "------\r\n");
   screen.Ok();
   EXPECT_FALSE(screen.unloaded);
   ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "Only one volume can be selected for comfort calculations ");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Message");
-  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
-  EXPECT_EQ(c.Bytes("OUTPUT.INP"), two);
+  EXPECT_EQ(c.Said(), "Message|Only one volume can be selected for comfort calculations ");
+  EXPECT_EQ(c.Style(), mb::kExclamation);
+  EXPECT_EQ(c.Bytes("case1/OUTPUT.INP"), two);
   // A click on a comfort volume marks every module at once, saved or not.
   screen.ComfortClick(1);
   EXPECT_EQ(screen.row(0).Check3D1.value, 0);
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "XXXXXX\r\n");
+  EXPECT_EQ(c.Bytes("case1/THERMAL.INP"), "XXXXXX\r\n");
   c.fake.dialogs.answers = {Answer::kYes};
   screen.Cancel();
   EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to save changes ?\r\rOutput");
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(c.Bytes("OUTPUT.INP"),
+  EXPECT_EQ(c.Bytes("case1/OUTPUT.INP"),
             "2\r\n 0 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n2\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
 }
 
 TEST(Out_put, NoVolumesOrADamagedFile) {
-  struct Row {
-    std::vector<std::string> volumes;
-    std::string bytes;
-    std::string message;
-  } const rows[] = {
-      {{"0"}, "", "There are no volumes"},
-      {{"1"}, "0\r\n 0 \r\n", "OUTPUT.INP, line 3"},
-      {{"1"}, "3\r\n 0 \r\n 0 \r\n", "OUTPUT.INP, line 1"},
+  const std::array<std::string, 3> rows[] = {
+      {"0", "", "There are no volumes"},
+      {"1", "0\r\n 0 \r\n", "OUTPUT.INP, line 3"},
+      {"1", "3\r\n 0 \r\n 0 \r\n", "OUTPUT.INP, line 1"},
   };
-  for (const auto& row : rows) {
-    CurtainCase c;
-    Volumes(c, row.volumes);
-    if (!row.bytes.empty()) c.Put("OUTPUT.INP", row.bytes);
+  for (const auto& [volume, bytes, message] : rows) {
+    LibraryCase c(false);
+    Volumes(c, {volume});
+    if (!bytes.empty()) c.Put("case1/OUTPUT.INP", bytes);
     Out_put screen(c.fake.session);
     RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); });
     ASSERT_EQ(c.fake.dialogs.messages.size(), 1u);
-    EXPECT_NE(c.fake.dialogs.Last().text.find(row.message), std::string::npos);
+    EXPECT_NE(c.fake.dialogs.Last().text.find(message), std::string::npos);
   }
-}
-
-TEST(OutputSpec, RowsByTheNumberOfTheirVolume) {
-  CurtainCase c;
-  c.Put("OUTPUT.INP", "2 \r\n-1 \r\n 0 \r\n 2\t-1\t0\t0\t0\t0\t0\t-1\r\n\r\n5\t0\r\n");
+  // Rows are found by the number of their volume.
+  LibraryCase c(false);
+  c.Put("case1/OUTPUT.INP", "2 \r\n-1 \r\n 0 \r\n 2\t-1\t0\t0\t0\t0\t0\t-1\r\n\r\n5\t0\r\n");
   std::optional<OutputSpec> spec = ReadOutputSpec(c.fake.ws());
   ASSERT_TRUE(spec && spec->rows.size() == 2 && spec->RowOf(2) && !spec->RowOf(1));
-  EXPECT_EQ(spec->head[0], "2 ");
-  EXPECT_EQ(spec->RowOf(2)->flags[kComfortFlag], "-1");
+  EXPECT_EQ(spec->head[0] + "|" + spec->RowOf(2)->flags[kComfortFlag], "2 |-1");
 }
 
 }  // namespace

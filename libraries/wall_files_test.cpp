@@ -1,18 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
+#include <functional>
 
 #include "building/surface_file.h"
 #include "core/text_file.h"
+#include "libraries/library_test_case.h"
 #include "libraries/opaque_lib.h"
-#include "libraries/wall_test_case.h"
 #include "libraries/walls_lib.h"
 
 namespace zelmo {
 namespace {
 
-using testing::WallCase;
+using testing::LibraryCase;
 
 std::string Repeat(const std::string& line, int times) {
   std::string bytes;
@@ -20,8 +20,18 @@ std::string Repeat(const std::string& line, int times) {
   return bytes;
 }
 
+// What a reader says of a damaged file.
+std::string Fault(const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const FileError& e) {
+    return e.UserText();
+  }
+  return "no fault";
+}
+
 TEST(OpaqueLib, ReadsTrimmedFieldsWritesThemBackAndHoldsTwoHundred) {
-  WallCase c;
+  LibraryCase c;
   c.Put("OPAQUE.LIB", " 48 \t Brick \t0.6\t 0.23\t1700\textra \r\n49\tTail");
   OpaqueTable rows = ReadOpaqueLib(c.fake.ws());
   ASSERT_EQ(rows.size(), 2u);
@@ -34,40 +44,27 @@ TEST(OpaqueLib, ReadsTrimmedFieldsWritesThemBackAndHoldsTwoHundred) {
   c.Put("OPAQUE.LIB", Repeat("1\ta\t1\t1\t1\r\n", 200));
   EXPECT_EQ(ReadOpaqueLib(c.fake.ws()).size(), 200u);
   c.Put("OPAQUE.LIB", Repeat("1\ta\t1\t1\t1\r\n", 201));
-  try {
-    ReadOpaqueLib(c.fake.ws());
-    FAIL();
-  } catch (const FileError& e) {
-    EXPECT_EQ(e.UserText(),
-              "More than 200 opaque materials\r" + (c.dir / "OPAQUE.LIB") + ", line 201");
-  }
+  EXPECT_EQ(Fault([&] { ReadOpaqueLib(c.fake.ws()); }),
+            "More than 200 opaque materials\r" + c.Path("OPAQUE.LIB") + ", line 201");
 }
 
 TEST(WallsLib, DamagedFilesNameTheirLine) {
   const std::string layer = "\t1\t10\r\n";
-  const struct {
-    std::string bytes;
-    int line;
-  } cases[] = {{layer, 1},
-               {"0\tA\r\n", 1},
-               {"101\tA\r\n", 1},
-               {"1\tA\r\n\r\n", 2},
-               {"100\tA\r\n" + Repeat(layer, 21), 22}};
-  for (const auto& bad : cases) {
-    WallCase c;
-    c.Put("WALLS.LIB", bad.bytes);
-    try {
-      ReadWallsLib(c.fake.ws());
-      ADD_FAILURE() << bad.bytes;
-    } catch (const FileError& e) {
-      EXPECT_EQ(e.UserText(), "Subscript out of range\r" + (c.dir / "WALLS.LIB") + ", line " +
-                                  std::to_string(bad.line));
-    }
+  const std::pair<std::string, int> cases[] = {{layer, 1},
+                                               {"0\tA\r\n", 1},
+                                               {"101\tA\r\n", 1},
+                                               {"1\tA\r\n\r\n", 2},
+                                               {"100\tA\r\n" + Repeat(layer, 21), 22}};
+  for (const auto& [bytes, line] : cases) {
+    LibraryCase c;
+    c.Put("WALLS.LIB", bytes);
+    EXPECT_EQ(Fault([&] { ReadWallsLib(c.fake.ws()); }),
+              "Subscript out of range\r" + c.Path("WALLS.LIB") + ", line " + std::to_string(line));
   }
 }
 
 TEST(WallsLib, SlotsByNumberWrittenInOrder) {
-  WallCase c;
+  LibraryCase c;
   c.Put("WALLS.LIB", "7\t Late \r\n\t 3 \t12 \r\n2\tEarly\r\n\t1\t5\r\n\t\t\r\n");
   WallsLib lib = ReadWallsLib(c.fake.ws());
   EXPECT_EQ(lib.highest, 7);
@@ -81,7 +78,7 @@ TEST(WallsLib, SlotsByNumberWrittenInOrder) {
 }
 
 TEST(WallsLib, UValuesAsComputedByHand) {
-  WallCase c;
+  LibraryCase c;
   c.Put("OPAQUE.LIB",
         "1\tA\t1.0\t1\t1\r\n2\tB\t0.04\t1\t1\r\n3\tC\t-.01\t1\t1\r\n4\tZ\t0\t1\t1\r\n");
   c.Put("WALLS.LIB",
@@ -135,28 +132,25 @@ TEST(WallsLib, ThicknessAndMaterialBounds) {
 // The example project: every wall its elements name exists, and the
 // U-values are those computed by hand from the layers and their materials.
 TEST(WallsLib, TheExampleProjectHoldsTogether) {
-  const char* source = std::getenv("ZELMO_SOURCE_DIR");
-  ASSERT_TRUE(source);
-  const std::filesystem::path example =
-      std::filesystem::path(source) / "system/tree/ZELMOPROJ/Example";
-  WallCase c;
-  std::filesystem::copy_file(example / "WALLS.LIB", ToFsPath(c.dir / "WALLS.LIB"));
-  std::filesystem::copy_file(example / "OPAQUE.LIB_Temp", ToFsPath(c.dir / "OPAQUE.LIB"));
+  LibraryCase c;
+  c.Put("WALLS.LIB", testing::ExampleFile("WALLS.LIB"));
+  c.Put("OPAQUE.LIB", testing::ExampleFile("OPAQUE.LIB_Temp"));
   const WallsLib lib = ReadWallsLib(c.fake.ws());
   const OpaqueTable materials = ReadOpaqueLib(c.fake.ws());
-  const char* u_values[] = {"", "0.214", "0.324", "0.151", "0.491", "2.550"};
+  std::string u_values;
   for (int wall = 1; wall <= 5; ++wall) {
-    EXPECT_EQ(UValueText(WallResistance(lib, wall, materials, c.fake.ws())), u_values[wall]);
+    u_values += UValueText(WallResistance(lib, wall, materials, c.fake.ws())) + " ";
   }
-  c.fake.ws().CasePath = FromFsPath(example / "Case1");
+  EXPECT_EQ(u_values, "0.214 0.324 0.151 0.491 2.550 ");
+  c.fake.ws().CasePath =
+      std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ/Example/Case1";
   SurfaceTable elements;
   ReadSurfaces(c.fake.ws(), elements);
   ASSERT_GT(elements.SurfCount, 0);
   for (int slot = 1; slot <= elements.SurfCount; ++slot) {
     for (int field : {15, 22}) {
       const std::string& wall = elements.SurfData[slot][field];
-      if (wall.empty()) continue;
-      EXPECT_FALSE(lib.names[std::stoi(wall)].empty()) << elements.SurfName[slot];
+      EXPECT_TRUE(wall.empty() || !lib.names[std::stoi(wall)].empty()) << elements.SurfName[slot];
     }
   }
 }

@@ -2,16 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "libraries/wall_test_case.h"
+#include "libraries/library_test_case.h"
 
 namespace zelmo {
 namespace {
 
-using testing::WallCase;
-
 constexpr const char* kTwoWalls = "1\tOuter\r\n\t1\t100\r\n3\tInner\r\n\t2\t50\r\n\t3\t50\r\n";
 
-struct WallsCase : WallCase {
+struct WallsCase : testing::LibraryCase {
   explicit WallsCase(const std::string& walls = kTwoWalls) {
     Put("OPAQUE.LIB", testing::Materials(3));
     Put("WALLS.LIB", walls);
@@ -30,10 +28,6 @@ struct WallsCase : WallCase {
     for (int c = 0; c < 3; ++c) text += screen.WallLayerList.Cell(row, c) + " ";
     return text;
   }
-  bool Stale() const {
-    return Bytes("case1/THERMAL.INP") == "XXXXXX\r\n" && Bytes("case2/THERMAL.INP") == "XXXXXX\r\n";
-  }
-  const testing::ShownMessage& Last() const { return fake.dialogs.Last(); }
   Walls screen{fake.session};
 };
 
@@ -53,8 +47,8 @@ TEST(WallsScreen, ANewWallOfThreeLayersIsSavedAndEveryCaseGoesStale) {
   EXPECT_TRUE(s.dirty());
   // No layers yet: the wall cannot be left.
   c.Click(0);
-  EXPECT_EQ(c.Last().text, "There must be at least one layer in the wall");
-  EXPECT_EQ(c.Last().title, "Walls / Floors / Roofs / Doors - Check");
+  EXPECT_EQ(c.Said(),
+            "Walls / Floors / Roofs / Doors - Check|There must be at least one layer in the wall");
   EXPECT_EQ(s.focus, "Command3D2");
   EXPECT_EQ(s.WallList.list_index, 2);
 
@@ -68,7 +62,7 @@ TEST(WallsScreen, ANewWallOfThreeLayersIsSavedAndEveryCaseGoesStale) {
   EXPECT_EQ(c.Bytes("WALLS.LIB"),
             std::string("1\tOuter\r\n\t1\t100\r\n2\tRoof\r\n\t1\t100\r\n\t3\t50\r\n") +
                 "3\tInner\r\n\t2\t50\r\n\t3\t50\r\n");
-  EXPECT_TRUE(c.Stale());
+  EXPECT_TRUE(c.AllStale());
 
   // Two layers inserted before the second keep the order they were chosen in.
   s.WallLayerList.row = 2;
@@ -101,8 +95,7 @@ TEST(WallsScreen, NamesAreNotTakenTwice) {
     c.answers = {t.answer};
     (c.screen.*t.event)();
     EXPECT_EQ(c.asked.back(), t.asked);
-    EXPECT_EQ(c.Last().text, t.text);
-    EXPECT_EQ(c.Last().title, t.title);
+    EXPECT_EQ(c.Said(), t.title + "|" + t.text);
     EXPECT_EQ(c.screen.WallList.items.size(), 2u);
     EXPECT_FALSE(c.screen.dirty());
   }
@@ -111,18 +104,18 @@ TEST(WallsScreen, NamesAreNotTakenTwice) {
 TEST(WallsScreen, AWallInUseStaysAndAFreedNumberIsTakenAgain) {
   WallsCase c("1\tA\r\n\t1\t1\r\n2\tB\r\n\t1\t1\r\n3\tC\r\n\t1\t1\r\n4\tD\r\n\t1\t1\r\n");
   Walls& s = c.screen;
-  c.Element("case2", "0", "2");
+  c.Elements({{{15, "0"}, {22, "2"}}}, "case2");
   c.Click(1);
   s.DeleteWall();
-  EXPECT_EQ(c.Last().text, "The wall is referenced in a surface and can not be deleted");
-  EXPECT_EQ(c.Last().title, "Walls/Floors/Roofs/Doors- Check");
+  EXPECT_EQ(
+      c.Said(),
+      "Walls/Floors/Roofs/Doors- Check|The wall is referenced in a surface and can not be deleted");
   c.Click(2);
   s.DeleteWall();
-  EXPECT_EQ(c.Last().text, "Do you want to delete the wall type 3?");
-  EXPECT_EQ(c.Last().title, "Delete wall");
-  EXPECT_EQ(c.Last().style, mb::kYesNo + mb::kExclamation);
+  EXPECT_EQ(c.Said(), "Delete wall|Do you want to delete the wall type 3?");
+  EXPECT_EQ(c.Style(), mb::kYesNo + mb::kExclamation);
   EXPECT_EQ(c.Bytes("WALLS.LIB"), "1\tA\r\n\t1\t1\r\n2\tB\r\n\t1\t1\r\n4\tD\r\n\t1\t1\r\n");
-  EXPECT_TRUE(c.Stale());
+  EXPECT_TRUE(c.AllStale());
   c.answers = {"E"};
   s.CopyWall();
   EXPECT_EQ(s.WallList.items, (std::vector<std::string>{"01| A", "02| B", "04| D", "03| E"}));
@@ -137,7 +130,7 @@ TEST(WallsScreen, LayersAreDeletedAndTheirThicknessEdited) {
   EXPECT_EQ(c.Bytes("WALLS.LIB"), "1\tOuter\r\n\t1\t100\r\n3\tInner\r\n\t3\t50\r\n");
   EXPECT_EQ(s.UvalueWall.text, "4.545");
   s.DeleteLayer();  // the only one: refused by the layer check
-  EXPECT_EQ(c.Last().text, "There must be at least one layer in the wall");
+  EXPECT_EQ(c.fake.dialogs.Last().text, "There must be at least one layer in the wall");
   EXPECT_EQ(c.Bytes("WALLS.LIB"), "1\tOuter\r\n\t1\t100\r\n3\tInner\r\n\t3\t50\r\n");
 
   WallsCase e;

@@ -4,41 +4,41 @@
 
 #include <deque>
 
+#include "core/fields.h"
 #include "libraries/library_test_case.h"
 
 namespace zelmo {
 namespace {
 
 using testing::LibraryCase;
+using Rows = std::vector<std::string>;
 
-struct Pane {
-  std::string glass, gas, gap;
-  bool reversed = false;
-};
+void Pick(ComboBox& combo, const std::string& item) {
+  for (size_t i = 0; i < combo.items.size(); ++i) {
+    if (combo.items[i] == item) combo.list_index = static_cast<int>(i);
+  }
+}
 
-// AddGaGl answers each pane in turn and records its title and whether the
-// gap could be given.
-void AnswerPanes(LibraryCase& c, std::deque<Pane> panes, std::vector<std::string>* seen) {
+// AddGaGl answers each pane ("glass\tgas\tgap\treversed") in turn and records
+// its title and whether the gap could be given.
+void AnswerPanes(LibraryCase& c, std::deque<std::string> panes, Rows* seen) {
   c.fake.dialogs.screens["AddGaGl"] = [panes, seen](Form& form) mutable {
     auto& box = static_cast<AddGaGl&>(form);
     seen->push_back(box.caption + (box.Combo2.enabled ? "" : " (first)"));
-    auto pick = [](ComboBox& combo, const std::string& item) {
-      for (size_t i = 0; i < combo.items.size(); ++i) {
-        if (combo.items[i] == item) combo.list_index = static_cast<int>(i);
-      }
-    };
-    pick(box.Combo1, panes.front().glass);
-    pick(box.Combo2, panes.front().gas);
-    box.Text1.text = panes.front().gap;
-    box.Check1.value = panes.front().reversed;
+    const auto pane = SplitTabs(panes.front());
     panes.pop_front();
+    Pick(box.Combo1, pane[0]);
+    Pick(box.Combo2, pane[1]);
+    box.Text1.text = pane[2];
+    box.Check1.value = pane[3] == "1";
     box.Ok();
   };
 }
 
-// The grid's rows 1 to 9 as "pane glass gas gap reversed" texts.
-std::vector<std::string> Rows(const Wind_Types& s) {
-  std::vector<std::string> rows;
+// The grid's rows 1 to 9 as "pane|glass|gas|gap|reversed", up to the last
+// one filled.
+Rows GridRows(const Wind_Types& s) {
+  Rows rows;
   for (int row = 1; row <= 9; ++row) {
     std::string text;
     for (int col = 0; col < 5; ++col) text += s.Grid1.Cell(row, col) + (col < 4 ? "|" : "");
@@ -48,30 +48,35 @@ std::vector<std::string> Rows(const Wind_Types& s) {
   return rows;
 }
 
-class RecordingProperties : public WindowProperties {
- public:
+void Choose(Wind_Types& s, int index) {
+  s.List1.list_index = index;
+  s.TypeChosen();
+}
+
+void Click(Wind_Types& s, int row, void (Wind_Types::*event)()) {
+  s.Grid1.row = row;
+  (s.*event)();
+}
+
+// Records each call and what the project held at the time.
+struct RecordingProperties : WindowProperties {
   bool GETWINDOWPROPERTIES(int32_t&, int16_t& window, float& u, float& g, float& tsol,
                            int32_t& status, const std::string& file, int32_t length) override {
-    calls.push_back({window, status, length == static_cast<int32_t>(file.size())});
+    calls.push_back(std::to_string(window) + " " + std::to_string(status) + " " +
+                    (length == static_cast<int32_t>(file.size()) ? "fits" : "cut"));
     exchange = testing::ReadBytes(file);
     library = testing::Exists(JoinPath(project, "Wndw.Lib"));
-    u = 1.234f;
-    g = 0.5f;
-    tsol = 0.4567f;
+    u = 1.234f, g = 0.5f, tsol = 0.4567f;
     return true;
   }
-  struct Call {
-    int window, status;
-    bool length_fits;
-  };
-  std::vector<Call> calls;
+  Rows calls;
   std::string project, exchange;
   bool library = false;
 };
 
 TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   LibraryCase c;
-  std::vector<std::string> seen;
+  Rows seen;
   RecordingProperties properties;
   properties.project = c.fake.ws().ProjectPath;
   Wind_Types s(c.fake.session);
@@ -79,35 +84,29 @@ TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   s.Load();
   EXPECT_EQ(s.List1.items.front(), "01| Single4mm");
   EXPECT_EQ(s.caption, "Window types (Single4mm)");
-  EXPECT_EQ(Rows(s), (std::vector<std::string>{" 1|Clear4mm|||No"}));
-  c.AnswerInput("Single4mm");
+  EXPECT_EQ(GridRows(s), Rows{" 1|Clear4mm|||No"});
+  c.answers = {"Single4mm", " Test "};
   s.NewType();
   EXPECT_EQ(c.fake.dialogs.Last().text, "A window with the same name already exists");
-  c.AnswerInput(" Test ");
   s.NewType();
   EXPECT_EQ(s.List1.SelectedItem(), "07| Test");
   EXPECT_EQ(s.caption, "Window types (Test)");
   EXPECT_FALSE(s.Command9.enabled);
-  AnswerPanes(c, {{"Clear4mm", "", "", true}, {"LowE4mm", "Argon", " 16", false}}, &seen);
+  AnswerPanes(c, {"Clear4mm\t\t\t1", "LowE4mm\tArgon\t 16\t0"}, &seen);
   s.AddPane();
   EXPECT_EQ(s.PaneEditCode, 101);
   s.AddPane();
   EXPECT_EQ(s.PaneEditCode, 103);
-  EXPECT_EQ(seen, (std::vector<std::string>{"Add data (first)", "Add data"}));
-  EXPECT_EQ(Rows(s),
-            (std::vector<std::string>{" 1|Clear4mm|||Yes", "||Argon|16|", " 2|LowE4mm|||No"}));
+  EXPECT_EQ(seen, (Rows{"Add data (first)", "Add data"}));
+  EXPECT_EQ(GridRows(s), (Rows{" 1|Clear4mm|||Yes", "||Argon|16|", " 2|LowE4mm|||No"}));
   const std::string windows = c.Bytes("WNDTP.LIB");
   EXPECT_EQ(windows.substr(windows.find("7\t")),
             "7\tTest\t 2\tClear4mm\tYes\t16\tArgon\tLowE4mm\tNo\t\t\t\t\t\t\t\t\t\t\t\t\r\n");
   EXPECT_TRUE(c.AllStale());
 
   // Choosing a type asks for its properties through the exchange file.
-  s.List1.list_index = 6;
-  s.TypeChosen();
-  ASSERT_EQ(properties.calls.size(), 1u);
-  EXPECT_EQ(properties.calls[0].window, 7);
-  EXPECT_EQ(properties.calls[0].status, 0);
-  EXPECT_TRUE(properties.calls[0].length_fits);
+  Choose(s, 6);
+  EXPECT_EQ(properties.calls, Rows{"7 0 fits"});
   EXPECT_EQ(properties.exchange, JoinPath(c.fake.ws().ProjectPath, "") + "\r\n");
   EXPECT_TRUE(properties.library);
   EXPECT_FALSE(testing::Exists(JoinPath(c.fake.ws().MainDirectory, "UGFile.txt")));
@@ -122,51 +121,44 @@ TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
 
 TEST(WindowTypes, PanesMoveAsTheGridSays) {
   LibraryCase c;
-  std::vector<std::string> seen;
+  Rows seen;
   Wind_Types s(c.fake.session);
   s.Load();
-  s.List1.list_index = 4;  // Triple4-12-4-12-4, gaps of 12 mm Air
-  s.TypeChosen();
-  AnswerPanes(c, {{"LowE4mm", "Krypton", "10"}, {"Float4mm", "Xenon", "8"}}, &seen);
-  s.Grid1.row = 1;
-  s.InsertPane();
+  Choose(s, 4);  // Triple4-12-4-12-4, gaps of 12 mm Air
+  AnswerPanes(c, {"LowE4mm\tKrypton\t10\t0", "Float4mm\tXenon\t8\t0"}, &seen);
+  Click(s, 1, &Wind_Types::InsertPane);
   EXPECT_EQ(s.PaneEditCode, 201);
-  EXPECT_EQ(Rows(s), (std::vector<std::string>{" 1|LowE4mm|||No", "||Krypton|10|",
-                                               " 2|Clear4mm|||No", "||Air|12|", " 3|Clear4mm|||No",
-                                               "||Air|12|", " 4|Clear4mm|||No"}));
-  s.Grid1.row = 5;
+  EXPECT_EQ(GridRows(s), (Rows{" 1|LowE4mm|||No", "||Krypton|10|", " 2|Clear4mm|||No", "||Air|12|",
+                               " 3|Clear4mm|||No", "||Air|12|", " 4|Clear4mm|||No"}));
+  Click(s, 5, &Wind_Types::InsertPane);
+  const Rows rows = GridRows(s);
+  EXPECT_EQ(Rows(rows.begin() + 3, rows.begin() + 6),
+            (Rows{"||Xenon|8|", " 3|Float4mm|||No", "||Air|12|"}));
   s.InsertPane();
-  EXPECT_EQ(Rows(s)[3] + Rows(s)[4] + Rows(s)[5], "||Xenon|8| 3|Float4mm|||No||Air|12|");
-  s.InsertPane();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Maximum number of panes =  5");
   s.AddPane();
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 2u);
+  EXPECT_EQ(c.fake.dialogs.Texts(), Rows(2, "Maximum number of panes =  5"));
   // The first pane goes without its gaps: the one of row 2 stays, the last
   // one is lost.
-  s.Grid1.row = 1;
-  s.DeletePane();
-  EXPECT_EQ(Rows(s), (std::vector<std::string>{" 1|Clear4mm|||No", "||Krypton|10|",
-                                               " 2|Float4mm|||No", "||Xenon|8|", " 3|Clear4mm|||No",
-                                               "||Air|12|", " 4|Clear4mm|||No"}));
+  Click(s, 1, &Wind_Types::DeletePane);
+  EXPECT_EQ(GridRows(s), (Rows{" 1|Clear4mm|||No", "||Krypton|10|", " 2|Float4mm|||No",
+                               "||Xenon|8|", " 3|Clear4mm|||No", "||Air|12|", " 4|Clear4mm|||No"}));
   // A middle pane takes the gap in front of it along.
-  s.Grid1.row = 3;
-  s.DeletePane();
-  EXPECT_EQ(Rows(s), (std::vector<std::string>{" 1|Clear4mm|||No", "||Xenon|8|", " 2|Clear4mm|||No",
-                                               "||Air|12|", " 3|Clear4mm|||No"}));
+  Click(s, 3, &Wind_Types::DeletePane);
+  EXPECT_EQ(GridRows(s), (Rows{" 1|Clear4mm|||No", "||Xenon|8|", " 2|Clear4mm|||No", "||Air|12|",
+                               " 3|Clear4mm|||No"}));
   // Gap rows do nothing.
-  s.Grid1.row = 2;
-  s.DeletePane();
+  Click(s, 2, &Wind_Types::DeletePane);
   s.EditPane();
   EXPECT_EQ(s.PaneCount, 3);
-  const std::string windows = c.Bytes("WNDTP.LIB");
-  EXPECT_NE(windows.find("5\tTriple4-12-4-12-4\t 3\tClear4mm\tNo\t8\tXenon\tClear4mm\tNo\t12\tAir\t"
-                         "Clear4mm\tNo\t\t\t\t\t\t\t\t\r\n"),
+  EXPECT_NE(c.Bytes("WNDTP.LIB")
+                .find("5\tTriple4-12-4-12-4\t 3\tClear4mm\tNo\t8\tXenon\tClear4mm\tNo"
+                      "\t12\tAir\tClear4mm\tNo\t\t\t\t\t\t\t\t\r\n"),
             std::string::npos);
 }
 
 TEST(WindowTypes, EditingTheFirstPaneHidesItsGap) {
   LibraryCase c;
-  std::vector<std::string> seen;
+  Rows seen;
   Wind_Types s(c.fake.session);
   s.Load();
   c.fake.dialogs.screens["AddGaGl"] = [&seen](Form& form) {
@@ -177,119 +169,98 @@ TEST(WindowTypes, EditingTheFirstPaneHidesItsGap) {
     box.ReversedClicked();
     box.Ok();
   };
-  s.List1.list_index = 1;  // Double4-12-4
-  s.TypeChosen();
-  s.Grid1.row = 1;
-  s.EditPane();
-  s.Grid1.row = 3;
-  s.EditPane();
+  Choose(s, 1);  // Double4-12-4
+  Click(s, 1, &Wind_Types::EditPane);
+  Click(s, 3, &Wind_Types::EditPane);
   EXPECT_EQ(s.PaneEditCode, 303);
-  EXPECT_EQ(seen, (std::vector<std::string>{"Clear4mm", "Clear4mm+gap"}));
-  EXPECT_EQ(Rows(s),
-            (std::vector<std::string>{" 1|Clear4mm|||Yes", "||Air|12|", " 2|Clear4mm|||Yes"}));
+  EXPECT_EQ(seen, (Rows{"Clear4mm", "Clear4mm+gap"}));
+  EXPECT_EQ(GridRows(s), (Rows{" 1|Clear4mm|||Yes", "||Air|12|", " 2|Clear4mm|||Yes"}));
 }
 
 TEST(AddGaGl, GapGasAndGlassExceptForTheFirstPane) {
-  struct Case {
-    int code;
-    std::string gap, gas, glass, messages, focus;
+  // Edit code, gap, gas, glass; the focus; the messages.
+  const std::array<std::string, 3> cases[] = {
+      {"103\t0.1\tAir\tClear4mm", "", ""},
+      {"103\t100\tAir\tClear4mm", "", ""},
+      {"103\t0.09\t\t", "Text1",
+       "Thickness must be a value ( .1 -  100)\rNo gastype assigned \rNo glasstype assigned \r"},
+      {"205\t100.1\tAir\tClear4mm", "Text1", "Thickness must be a value ( .1 -  100)\r"},
+      {"101\t\t\t", "Combo1", "No glasstype assigned \r"},
+      {"301\tx\t\tClear4mm", "", ""},
   };
-  const Case cases[] = {
-      {103, "0.1", "Air", "Clear4mm", "", ""},
-      {103, "100", "Air", "Clear4mm", "", ""},
-      {103, "0.09", "", "",
-       "Thickness must be a value ( .1 -  100)\rNo gastype assigned \rNo glasstype assigned \r",
-       "Text1"},
-      {205, "100.1", "Air", "Clear4mm", "Thickness must be a value ( .1 -  100)\r", "Text1"},
-      {101, "", "", "", "No glasstype assigned \r", "Combo1"},
-      {301, "x", "", "Clear4mm", "", ""},
-  };
-  for (const auto& test : cases) {
+  for (const auto& [input, focus, messages] : cases) {
     LibraryCase c;
     AddGaGl box(c.fake.session);
-    box.PaneEditCode = test.code;
-    box.preset_glass = test.glass;
-    box.preset_gas = test.gas;
+    const auto fields = SplitTabs(input);
+    box.PaneEditCode = std::stoi(fields[0]);
+    box.preset_gas = fields[2];
+    box.preset_glass = fields[3];
     box.Load();
-    box.Text1.text = test.gap;
+    box.Text1.text = fields[1];
     box.Ok();
-    EXPECT_EQ(box.accepted, test.messages.empty()) << test.gap;
-    EXPECT_EQ(c.fake.dialogs.Last().text, test.messages);
-    EXPECT_EQ(box.focus, test.focus);
+    EXPECT_EQ(box.accepted, messages.empty()) << input;
+    EXPECT_EQ(c.fake.dialogs.Last().text, messages);
+    EXPECT_EQ(box.focus, focus);
   }
 }
 
-TEST(WindowTypes, ATypeWithoutPanesIsRefused) {
+TEST(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
   LibraryCase c;
   Wind_Types s(c.fake.session);
   s.Load();
-  c.AnswerInput("Empty");
+  c.answers = {"Empty"};
   s.NewType();
   s.Ok();
   EXPECT_FALSE(s.unloaded);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Panes are missing for one of the window types");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "Message");
+  EXPECT_EQ(c.Said(), "Message|Panes are missing for one of the window types");
   // Leaving it writes it first, then the library refuses it.
-  s.List1.list_index = 0;
-  s.TypeChosen();
-  EXPECT_EQ(c.fake.dialogs.messages.size(), 2u);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Panes are missing for one of the window types");
+  Choose(s, 0);
+  EXPECT_EQ(c.fake.dialogs.Texts(), Rows(2, "Panes are missing for one of the window types"));
   EXPECT_NE(c.Bytes("WNDTP.LIB").find("7\tEmpty\t 0\t"), std::string::npos);
-}
 
-TEST(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
-  LibraryCase c;
-  c.Put("case2/SURFACE.INP", [] {
-    std::string bytes = "South\r\n";
-    for (int field = 1; field <= 29; ++field) bytes += field == 27 ? "\t2\r\n" : "\t\r\n";
-    return bytes;
-  }());
-  Wind_Types s(c.fake.session);
-  s.Load();
-  s.List1.list_index = 1;
-  s.TypeChosen();
-  s.DeleteType();
-  EXPECT_EQ(c.fake.dialogs.Last().text,
-            "The window is referenced in a surface and can not be deleted");
-  s.List1.list_index = 0;
-  s.TypeChosen();
-  c.fake.dialogs.answers = {Answer::kNo, Answer::kYes};
-  s.DeleteType();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Do you want to delete the window type 1?");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "DELETE WINDOW");
-  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kYesNo + mb::kQuestion);
-  EXPECT_EQ(s.List1.items.size(), 6u);
-  s.DeleteType();
-  EXPECT_EQ(s.List1.items.size(), 5u);
-  EXPECT_EQ(s.List1.SelectedItem(), "02| Double4-12-4");
-  EXPECT_EQ(c.Bytes("WNDTP.LIB").substr(0, 2), "2\t");
-  c.AnswerInput("New");
-  s.NewType();
-  EXPECT_EQ(s.List1.items.back(), "01| New");
-}
-
-TEST(WindowTypes, FortyTypesAreTheLimit) {
-  LibraryCase c;
   std::string forty;
   for (int i = 1; i <= kMaxWindowTypes; ++i)
     forty += std::to_string(i) + "\tW" + std::to_string(i) + "\t 1\tClear4mm\tNo\t\r\n";
   c.Put("WNDTP.LIB", forty);
-  Wind_Types s(c.fake.session);
-  s.Load();
-  s.NewType();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Maximum number of window types =  40");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "MESSAGE");
-  c.AnswerInput("Two words");
+  Wind_Types full(c.fake.session);
+  full.Load();
+  full.NewType();
+  EXPECT_EQ(c.Said(), "MESSAGE|Maximum number of window types =  40");
+  c.answers = {"Two words"};
   c.Put("WNDTP.LIB", "");
   Wind_Types empty(c.fake.session);
   empty.Load();
   EXPECT_EQ(empty.WindowCurrentIndex, -1);
   empty.NewType();
   EXPECT_EQ(c.fake.dialogs.Last().text, "The name: Two words should not include spaces !");
-  EXPECT_EQ(c.fake.dialogs.Last().style, mb::kExclamation);
+  EXPECT_EQ(c.Style(), mb::kExclamation);
   // An empty library closes without a word.
   empty.Ok();
   EXPECT_TRUE(empty.unloaded);
+}
+
+TEST(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
+  LibraryCase c;
+  c.Elements({{{27, "2"}}}, "case2");
+  Wind_Types s(c.fake.session);
+  s.Load();
+  Choose(s, 1);
+  s.DeleteType();
+  EXPECT_EQ(c.fake.dialogs.Last().text,
+            "The window is referenced in a surface and can not be deleted");
+  Choose(s, 0);
+  c.fake.dialogs.answers = {Answer::kNo, Answer::kYes};
+  s.DeleteType();
+  EXPECT_EQ(c.Said(), "DELETE WINDOW|Do you want to delete the window type 1?");
+  EXPECT_EQ(c.Style(), mb::kYesNo + mb::kQuestion);
+  EXPECT_EQ(s.List1.items.size(), 6u);
+  s.DeleteType();
+  EXPECT_EQ(s.List1.items.size(), 5u);
+  EXPECT_EQ(s.List1.SelectedItem(), "02| Double4-12-4");
+  EXPECT_EQ(c.Bytes("WNDTP.LIB").substr(0, 2), "2\t");
+  c.answers = {"New"};
+  s.NewType();
+  EXPECT_EQ(s.List1.items.back(), "01| New");
 }
 
 }  // namespace
