@@ -15,7 +15,7 @@ localedef -i de_DE -f UTF-8 de_DE.UTF-8 || true
 jobs=$(nproc)
 
 echo "== Tests"
-cmake -S . -B build -DZELMO_WERROR=ON
+cmake -S . -B build -DCMAKE_BUILD_TYPE=Debug -DZELMO_WERROR=ON
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure
 
