@@ -86,9 +86,10 @@ TEST(MISched, CopyMonth) {
     screen.Check3D1[5].value = 1;
     screen.HourClick(5);
     std::string prompt;
+    const std::string reply = answer;
     c.fake.dialogs.screens["InpBox"] = [&](Form& form) {
       prompt = static_cast<InpBox&>(form).Label1.caption + "|" + form.caption;
-      c.fake.ws().InpBoxResult = answer;
+      c.fake.ws().InpBoxResult = reply;
       form.Unload();
     };
     screen.CopyMonth();

@@ -33,7 +33,6 @@ class StartWindow : public QMainWindow {
   void Unloaded();
 
   StartForm& form_;
-  Session& session_;
   Binder* binder_ = nullptr;
   std::string shown_title_;
   bool closing_ = false;
