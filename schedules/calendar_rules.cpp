@@ -43,7 +43,7 @@ bool DaySound(const std::string& day, int length) {
   return Value_DayOk(day) && WholeValue(day) >= 1 && WholeValue(day) <= length;
 }
 
-void AddFault(PeriodFaults& faults, const std::string& message, PeriodField field) {
+void AddFault(PeriodFaults& faults, const std::string& message, int field) {
   faults.text += "\r" + message;
   if (faults.focus == kNoField) faults.focus = field;
 }
@@ -159,6 +159,54 @@ PeriodFaults CheckMonthlyPeriod(const std::vector<std::string>& items, int start
   PeriodFaults faults;
   if (MonthOverlap(items, start_month, end_month, skip)) {
     AddFault(faults, kPeriodsOverlap, kStartMonth);
+  }
+  return faults;
+}
+
+bool Value_HourOk(const std::string& text) {
+  if (text.empty()) return true;
+  return text != "-" && text != "." && text != "+" && IsDigitsOnly(text);
+}
+
+bool Value_SpaceOk(const std::string& text) { return text.empty() || IsSignedNumberText(text); }
+
+PeriodFaults CheckHourlyInput(const std::array<std::string, 8>& fields,
+                              const std::array<bool, kHours + 1>& covered, bool adding) {
+  std::array<std::string, 8> text;
+  for (size_t i = 0; i < text.size(); ++i) text[i] = TrimBlanks(fields[i]);
+  // The bounds in a message: each number with its blank for the sign.
+  auto bounds = [](double low, double high) { return NumText(low) + " - " + NumText(high) + ")"; };
+  auto hour_ok = [](const std::string& hour) {
+    return Value_HourOk(hour) && Val(hour) >= 1 && Val(hour) <= kHours;
+  };
+  PeriodFaults faults;
+  const int start = WholeValue(text[0]), end = WholeValue(text[1]);
+  if (!hour_ok(text[0])) AddFault(faults, "Start must be a value (" + bounds(1, kHours), 1);
+  if (adding) {
+    for (int hour = std::max(start, 1); hour <= std::min(end, kHours); ++hour) {
+      if (!covered[hour]) continue;
+      AddFault(faults, "Hourly intervals are overlapping ", 1);
+      break;
+    }
+  }
+  if (!hour_ok(text[1])) AddFault(faults, "End must be a value (" + bounds(1, kHours), 2);
+  if (start > end) AddFault(faults, "Start must be <= End ", 1);
+  struct Bound {
+    const char* message;
+    double low, high;
+  } const values[] = {
+      {"Infiltration must be empty or a value (", 0, 500},
+      {"Power Heating must be empty or a value (", 0, 1000000},
+      {"Heating must be empty or a value (", -100, 100},
+      {"Power Cooling must be empty or a value (", 0, 1000000},
+      {"Cooling must be empty or a value (", -100, 100},
+      {"Internal Loads must be empty or a value (", -99999, 999999},
+  };
+  for (int i = 0; i < 6; ++i) {
+    const std::string& value = text[i + 2];
+    bool ok = Value_SpaceOk(value) &&
+              (value.empty() || (Val(value) >= values[i].low && Val(value) <= values[i].high));
+    if (!ok) AddFault(faults, values[i].message + bounds(values[i].low, values[i].high), i + 3);
   }
   return faults;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace zelmo {
 
@@ -43,6 +44,58 @@ void ScheduleStore::ClearSchedules() {
   for (auto& table : tables_) table.clear();
   ScheduleCount = 0;
   CurrentSchedule = 0;
+}
+
+void ScheduleStore::CopyVolume(int from_schedule, int from_volume, int to_schedule, int to_volume,
+                               int first_column, int last_column) {
+  if (from_schedule == to_schedule && from_volume == to_volume) return;
+  PeriodType(to_schedule, to_volume) = PeriodType(from_schedule, from_volume);
+  for (int type = kWeekendWeekday; type <= kMonthly; ++type) {
+    PeriodCount(to_schedule, to_volume, type) = PeriodCount(from_schedule, from_volume, type);
+  }
+  for (int slot = 1; slot <= kPeriodSlots; ++slot) {
+    for (int end = 1; end <= 2; ++end) {
+      PeriodDates(to_schedule, to_volume, slot, end) =
+          PeriodDates(from_schedule, from_volume, slot, end);
+    }
+    const auto& from = tables_[Slot(from_schedule, from_volume, slot)];
+    auto& to = tables_[Slot(to_schedule, to_volume, slot)];
+    if (first_column == 1 && last_column == kHourColumns) {
+      to = from;
+      continue;
+    }
+    if (from.empty() && to.empty()) continue;
+    for (int hour = 1; hour <= kHours; ++hour) {
+      for (int column = first_column; column <= last_column; ++column) {
+        HourCell(to_schedule, to_volume, slot, hour, column) =
+            std::as_const(*this).HourCell(from_schedule, from_volume, slot, hour, column);
+      }
+    }
+  }
+}
+
+void ScheduleStore::CopyPeriod(int schedule, int volume, int from_slot, int to_slot) {
+  for (int end = 1; end <= 2; ++end) {
+    PeriodDates(schedule, volume, to_slot, end) = PeriodDates(schedule, volume, from_slot, end);
+  }
+  tables_[Slot(schedule, volume, to_slot)] = tables_[Slot(schedule, volume, from_slot)];
+}
+
+void ScheduleStore::ClearPeriod(int schedule, int volume, int slot) {
+  PeriodDates(schedule, volume, slot, 1).clear();
+  PeriodDates(schedule, volume, slot, 2).clear();
+  tables_[Slot(schedule, volume, slot)].clear();
+}
+
+void ScheduleStore::ClearSchedule(int schedule) {
+  ScheduleName(schedule) = " ";
+  for (int volume = 1; volume <= kMaxVolumes; ++volume) {
+    PeriodType(schedule, volume) = 0;
+    for (int type = kWeekendWeekday; type <= kMonthly; ++type) {
+      PeriodCount(schedule, volume, type) = 0;
+    }
+    for (int slot = 1; slot <= kPeriodSlots; ++slot) ClearPeriod(schedule, volume, slot);
+  }
 }
 
 int ScheduleStore::Check(int index, int high, int low) {

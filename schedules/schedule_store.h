@@ -79,6 +79,18 @@ class ScheduleStore {
   std::vector<std::string>& PeriodCells(int schedule, int volume, int slot);
   const std::vector<std::string>* PeriodCells(int schedule, int volume, int slot) const;
 
+  // The type, the counts and the dates of every slot of a volume, and the
+  // cells of columns first to last of every slot, into another volume or
+  // schedule.
+  void CopyVolume(int from_schedule, int from_volume, int to_schedule, int to_volume,
+                  int first_column = 1, int last_column = kHourColumns);
+  // The dates and cells of a period into another slot of the same volume.
+  void CopyPeriod(int schedule, int volume, int from_slot, int to_slot);
+  // Dates empty and every cell one blank.
+  void ClearPeriod(int schedule, int volume, int slot);
+  // A blank name, and every volume as ClearSchedules leaves it.
+  void ClearSchedule(int schedule);
+
   // How many schedules are in use, and the one shown when the screen was
   // last left (0 when there is none).
   int ScheduleCount = 0;
