@@ -6,6 +6,7 @@
 #include "building/force_vent_screen.h"
 #include "building/genpars.h"
 #include "building/surface_screen.h"
+#include "schedules/hvac_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -58,6 +59,10 @@ void WireCommands(StartForm& main) {
   };
   main.M_ForcedVent.on_click = [&main] {
     ForceVent screen(main.session());
+    main.session().dialogs->ShowModal(screen);
+  };
+  main.M_IHCI.on_click = [&main] {
+    HVAC screen(main.session());
     main.session().dialogs->ShowModal(screen);
   };
   main.M_FluidAdvConn.on_click = [&main] {

@@ -47,5 +47,11 @@ void BuildOpenCase(Form& form, QDialog& dialog, Session& session);
 void BuildCopyCase(Form& form, QDialog& dialog, Session& session);
 void BuildRenCase(Form& form, QDialog& dialog, Session& session);
 void BuildDelCase(Form& form, QDialog& dialog, Session& session);
+void BuildHVAC(Form& form, QDialog& dialog, Session& session);
+void BuildDailyPeriod(Form& form, QDialog& dialog, Session& session);
+void BuildMonthlyPeriod(Form& form, QDialog& dialog, Session& session);
+void BuildScheduleName(Form& form, QDialog& dialog, Session& session);
+void BuildScheduleCopy(Form& form, QDialog& dialog, Session& session);
+void BuildVolumeCopy(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
