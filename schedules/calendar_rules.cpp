@@ -212,27 +212,34 @@ PeriodFaults CheckHourlyInput(const std::array<std::string, 8>& fields,
 }
 
 const char* CellRuleMessage(int column, const std::string& cell) {
-  std::string_view text(cell);
-  size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return nullptr;
-  text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-  auto holds = [&text](char c) { return text.find(c) != std::string_view::npos; };
+  size_t first = cell.find_first_not_of(' ');
+  if (first == std::string::npos) return nullptr;
+  size_t last = cell.find_last_not_of(' ');
+  // One look at the characters: the points, the minus signs, and whether a
+  // minus stands anywhere but first.
+  int points = 0, minuses = 0;
+  bool inner_minus = false;
+  for (size_t i = first; i <= last; ++i) {
+    if (cell[i] == '.') ++points;
+    if (cell[i] == '-') {
+      ++minuses;
+      inner_minus = inner_minus || i > first;
+    }
+  }
+  const size_t length = last - first + 1;
   switch (column) {
     case 1:
     case 3:
     case 5:
-      return holds('.') || holds('-') ? kWholeNotNegative : nullptr;
+      return points || minuses ? kWholeNotNegative : nullptr;
     case 2:
     case 4:
-      return holds('.') || text.find('-', 1) != std::string_view::npos || text == "-" ? kWhole
-                                                                                      : nullptr;
+      return points || inner_minus || (minuses && length == 1) ? kWhole : nullptr;
     case 6:
     case 7:
-      return text.size() > 4 || std::count(text.begin(), text.end(), '.') > 1 || holds('-')
-                 ? kFlow
-                 : nullptr;
+      return length > 4 || points > 1 || minuses ? kFlow : nullptr;
     default:
-      return holds('.') || holds('-') || Val(cell) > 100 ? kPercent : nullptr;
+      return points || minuses || Val(cell) > 100 ? kPercent : nullptr;
   }
 }
 
