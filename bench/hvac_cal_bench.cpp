@@ -1,7 +1,7 @@
 // The schedules of the largest case the limits allow (4 schedules x 8 volumes
-// x 5 periods, every cell set): reading HVAC_Cal.Inp, checking every hourly
-// table as the screen checks its grid, and writing the file must together
-// stay well under the blink of an eye.
+// x 5 periods, every cell set): reading HVAC_Cal.Inp, checking the hourly
+// tables, writing the file, and the schedules screen opened, moved from
+// volume to volume and left with OK, must all be immediate.
 #include <benchmark/benchmark.h>
 
 #include "core/controls.h"
@@ -9,6 +9,7 @@
 #include "core/workspace.h"
 #include "schedules/calendar_rules.h"
 #include "schedules/hvac_cal_file.h"
+#include "schedules/hvac_screen.h"
 
 namespace {
 
@@ -17,6 +18,21 @@ using namespace zelmo;
 struct LargestCase {
   LargestCase() {
     ws.CasePath = dir.path();
+    fake.ws().CasePath = dir.path();
+    testing::WriteBytes(dir / "THERMAL.INP", "------\r\n");
+    // Eight rooms in a row, each with a door to the next.
+    std::string elements;
+    for (int v = 1; v < kMaxVolumes; ++v) {
+      elements += "Door" + std::to_string(v) + "\r\n";
+      for (int field = 1; field <= 29; ++field) {
+        std::string text = field == 1   ? "2"
+                           : field == 7 ? std::to_string(v)
+                           : field == 8 ? std::to_string(v + 1)
+                                        : "";
+        elements += "\t" + text + "\r\n";
+      }
+    }
+    testing::WriteBytes(dir / "SURFACE.INP", elements);
     store.VolumeCount = kMaxVolumes;
     store.ScheduleCount = kMaxSchedules;
     store.CurrentSchedule = 1;
@@ -42,6 +58,7 @@ struct LargestCase {
     WriteHvacCal(ws, store);
   }
   testing::TempDir dir;
+  testing::FakeSession fake;
   Workspace ws;
   ScheduleStore store;
 };
@@ -88,11 +105,49 @@ void BM_ReadLargestStore(benchmark::State& state) {
 }
 BENCHMARK(BM_ReadLargestStore)->Unit(benchmark::kMillisecond);
 
+void BM_CheckLargestStore(benchmark::State& state) {
+  LargestCase c;
+  Form form("HVAC");
+  Grid grid(&form, "HVACGRID1");
+  grid.SetCols(kLoadColumns + 1);
+  grid.SetRows(kHours + 1);
+  for (auto _ : state) benchmark::DoNotOptimize(CheckEveryPeriod(c.store, grid));
+}
+BENCHMARK(BM_CheckLargestStore)->Unit(benchmark::kMillisecond);
+
 void BM_WriteLargestStore(benchmark::State& state) {
   LargestCase c;
   for (auto _ : state) benchmark::DoNotOptimize(WriteHvacCal(c.ws, c.store));
 }
 BENCHMARK(BM_WriteLargestStore)->Unit(benchmark::kMillisecond);
+
+// The screen as the user meets it: opened on the largest store and left
+// with OK, which checks the table shown and writes the whole file.
+void BM_OpenAndOkLargestStore(benchmark::State& state) {
+  LargestCase c;
+  for (auto _ : state) {
+    HVAC screen(c.fake.session);
+    screen.Load();
+    screen.Ok();
+    if (!screen.unloaded) state.SkipWithError("OK was refused");
+  }
+}
+BENCHMARK(BM_OpenAndOkLargestStore)->Unit(benchmark::kMillisecond);
+
+// From volume to volume: the table left is checked and stored, the next shown.
+void BM_SwitchVolume(benchmark::State& state) {
+  LargestCase c;
+  HVAC screen(c.fake.session);
+  screen.Load();
+  int volume = 0;
+  for (auto _ : state) {
+    volume = (volume + 1) % kMaxVolumes;
+    screen.Combo3.list_index = volume;
+    screen.Combo3Click();
+    if (screen.SelVolume != volume + 1) state.SkipWithError("the move was refused");
+  }
+}
+BENCHMARK(BM_SwitchVolume)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

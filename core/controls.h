@@ -22,7 +22,8 @@ enum class ControlKind {
   kFrame,
   kMenu,
   kGrid,
-  kPicture
+  kPicture,
+  kSpin
 };
 
 // Colours as the system gives them: red + 256 * green + 65536 * blue.
@@ -38,6 +39,8 @@ inline constexpr int kTab = 9;
 inline constexpr int kReturn = 13;
 inline constexpr int kEscape = 27;
 inline constexpr int kSpecial = 0x10000;
+inline constexpr int kPageUp = kSpecial + 33;
+inline constexpr int kPageDown = kSpecial + 34;
 inline constexpr int kEnd = kSpecial + 35;
 inline constexpr int kHome = kSpecial + 36;
 inline constexpr int kLeft = kSpecial + 37;
@@ -139,6 +142,16 @@ struct MenuItem : Control {
 };
 struct Picture : Control {
   Picture(Form* f, std::string n) : Control(f, std::move(n), ControlKind::kPicture) {}
+};
+// A pair of arrows beside a field: `value` runs from `min` to `max`, and a
+// click on an arrow puts the new value and fires on_change.
+struct SpinButton : Control {
+  SpinButton(Form* f, std::string n, int low, int high)
+      : Control(f, std::move(n), ControlKind::kSpin), min(low), max(high) {
+    value = low;
+  }
+  int min;
+  int max;
 };
 
 // A flexible grid: rows and columns counted from 0, the fixed rows and

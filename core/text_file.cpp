@@ -251,6 +251,17 @@ std::optional<std::string> ReadAllBytes(const std::string& path) {
   if (!FileCanOpen(path)) return std::nullopt;
   std::ifstream in(ResolvePath(ToFsPath(path)), std::ios::binary);
   if (!in) return std::nullopt;
+  // Read in one piece where the size is known; a stream of unknown length
+  // (a pipe) is read as it comes.
+  in.seekg(0, std::ios::end);
+  const std::streamoff size = in.tellg();
+  in.seekg(0, std::ios::beg);
+  if (size > 0) {
+    std::string bytes(static_cast<size_t>(size), '\0');
+    if (in.read(bytes.data(), size)) return bytes;
+    in.clear();
+    in.seekg(0, std::ios::beg);
+  }
   std::ostringstream buffer;
   buffer << in.rdbuf();
   return buffer.str();
@@ -271,7 +282,9 @@ TextReader::TextReader(const std::string& path) : path_(path) {
 TextReader::TextReader(std::string path, std::vector<std::string> lines)
     : path_(std::move(path)), lines_(std::move(lines)) {}
 
-std::string TextReader::ReadLine() {
+std::string TextReader::ReadLine() { return NextLine(); }
+
+const std::string& TextReader::NextLine() {
   if (next_ >= lines_.size()) {
     throw FileError(path_, static_cast<int>(next_) + 1, "Input past end of file");
   }

@@ -59,8 +59,13 @@ class TextReader {
   TextReader(std::string path, std::vector<std::string> lines);
 
   bool AtEnd() const { return next_ >= lines_.size(); }
+  // Back to the first line.
+  void Rewind() { next_ = 0; }
   // The next line as it stands.
   std::string ReadLine();
+  // The same without a copy, for readers of large files; valid as long as
+  // the reader lives.
+  const std::string& NextLine();
   // The next line with blanks removed at both ends.
   std::string ReadTrimmedLine() { return TrimBlanks(ReadLine()); }
   // Number of the line read last, from 1.

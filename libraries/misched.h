@@ -11,7 +11,7 @@ struct Workspace;
 
 inline constexpr const char* kMISchedFile = "MISCHED.INP";
 inline constexpr int kMonths = 12;
-inline constexpr int kHours = 24;
+inline constexpr int kMaskHours = 24;
 
 // Modes of a month, stored as the option's index.
 inline constexpr const char* kModeNight = "0";   // active while the sun is down

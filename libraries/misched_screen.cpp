@@ -38,7 +38,7 @@ MISched::MISched(Session& session) : Form("MISched"), session_(session) {
   cancel_button = "Command2";
   MonthList.on_click = [this] { MonthClick(); };
   for (int i = 0; i < 3; ++i) Option3D1[i].on_click = [this, i] { OptionClick(i); };
-  for (int hour = 0; hour < kHours; ++hour) {
+  for (int hour = 0; hour < kMaskHours; ++hour) {
     Check3D1[hour].caption = std::to_string(hour + 1);
     Check3D1[hour].on_click = [this, hour] { HourClick(hour); };
   }
@@ -68,7 +68,7 @@ void MISched::MonthClick() {
   const MonthSchedule& month = Shown();
   const int mode = static_cast<int>(Val(month.mode));
   for (int i = 0; i < 3; ++i) Option3D1[i].value = i == mode ? 1 : 0;
-  for (int hour = 0; hour < kHours; ++hour) {
+  for (int hour = 0; hour < kMaskHours; ++hour) {
     const bool on = hour < static_cast<int>(month.mask.size()) && month.mask[hour] == '1';
     Check3D1[hour].value = on ? 1 : 0;
   }
@@ -94,20 +94,20 @@ void MISched::OptionClick(int index) {
 
 void MISched::HourClick(int hour) {
   std::string& mask = Shown().mask;
-  if (static_cast<int>(mask.size()) < kHours) mask.resize(kHours, '0');
+  if (static_cast<int>(mask.size()) < kMaskHours) mask.resize(kMaskHours, '0');
   mask[hour] = Check3D1[hour].value != 0 ? '1' : '0';
   dirty_ = true;
 }
 
 void MISched::Fill() {
-  for (int hour = 0; hour < kHours; ++hour) {
+  for (int hour = 0; hour < kMaskHours; ++hour) {
     Check3D1[hour].value = 1;
     HourClick(hour);
   }
 }
 
 void MISched::ClearHours() {
-  for (int hour = 0; hour < kHours; ++hour) {
+  for (int hour = 0; hour < kMaskHours; ++hour) {
     Check3D1[hour].value = 0;
     HourClick(hour);
   }

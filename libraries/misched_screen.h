@@ -44,14 +44,15 @@ class MISched : public Form {
   OptionButton Option3D1[3]{{this, "Option3D1(0)"}, {this, "Option3D1(1)"}, {this, "Option3D1(2)"}};
   Frame Frame1{this, "Frame1"};
   Label Label2{this, "Label2"};
-  CheckBox Check3D1[kHours]{{this, "Check3D1(0)"},  {this, "Check3D1(1)"},  {this, "Check3D1(2)"},
-                            {this, "Check3D1(3)"},  {this, "Check3D1(4)"},  {this, "Check3D1(5)"},
-                            {this, "Check3D1(6)"},  {this, "Check3D1(7)"},  {this, "Check3D1(8)"},
-                            {this, "Check3D1(9)"},  {this, "Check3D1(10)"}, {this, "Check3D1(11)"},
-                            {this, "Check3D1(12)"}, {this, "Check3D1(13)"}, {this, "Check3D1(14)"},
-                            {this, "Check3D1(15)"}, {this, "Check3D1(16)"}, {this, "Check3D1(17)"},
-                            {this, "Check3D1(18)"}, {this, "Check3D1(19)"}, {this, "Check3D1(20)"},
-                            {this, "Check3D1(21)"}, {this, "Check3D1(22)"}, {this, "Check3D1(23)"}};
+  CheckBox Check3D1[kMaskHours]{
+      {this, "Check3D1(0)"},  {this, "Check3D1(1)"},  {this, "Check3D1(2)"},
+      {this, "Check3D1(3)"},  {this, "Check3D1(4)"},  {this, "Check3D1(5)"},
+      {this, "Check3D1(6)"},  {this, "Check3D1(7)"},  {this, "Check3D1(8)"},
+      {this, "Check3D1(9)"},  {this, "Check3D1(10)"}, {this, "Check3D1(11)"},
+      {this, "Check3D1(12)"}, {this, "Check3D1(13)"}, {this, "Check3D1(14)"},
+      {this, "Check3D1(15)"}, {this, "Check3D1(16)"}, {this, "Check3D1(17)"},
+      {this, "Check3D1(18)"}, {this, "Check3D1(19)"}, {this, "Check3D1(20)"},
+      {this, "Check3D1(21)"}, {this, "Check3D1(22)"}, {this, "Check3D1(23)"}};
   Button Command3D5{this, "Command3D5"};
   Button Command3D4{this, "Command3D4"};
   Button Command3D3{this, "Command3D3"};

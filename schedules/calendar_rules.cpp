@@ -43,7 +43,7 @@ bool DaySound(const std::string& day, int length) {
   return Value_DayOk(day) && WholeValue(day) >= 1 && WholeValue(day) <= length;
 }
 
-void AddFault(PeriodFaults& faults, const std::string& message, PeriodField field) {
+void AddFault(PeriodFaults& faults, const std::string& message, int field) {
   faults.text += "\r" + message;
   if (faults.focus == kNoField) faults.focus = field;
 }
@@ -163,28 +163,83 @@ PeriodFaults CheckMonthlyPeriod(const std::vector<std::string>& items, int start
   return faults;
 }
 
+bool Value_HourOk(const std::string& text) {
+  if (text.empty()) return true;
+  return text != "-" && text != "." && text != "+" && IsDigitsOnly(text);
+}
+
+bool Value_SpaceOk(const std::string& text) { return text.empty() || IsSignedNumberText(text); }
+
+PeriodFaults CheckHourlyInput(const std::array<std::string, 8>& fields,
+                              const std::array<bool, kHours + 1>& covered, bool adding) {
+  std::array<std::string, 8> text;
+  for (size_t i = 0; i < text.size(); ++i) text[i] = TrimBlanks(fields[i]);
+  // The bounds in a message: each number with its blank for the sign.
+  auto bounds = [](double low, double high) { return NumText(low) + " - " + NumText(high) + ")"; };
+  auto hour_ok = [](const std::string& hour) {
+    return Value_HourOk(hour) && Val(hour) >= 1 && Val(hour) <= kHours;
+  };
+  PeriodFaults faults;
+  const int start = WholeValue(text[0]), end = WholeValue(text[1]);
+  if (!hour_ok(text[0])) AddFault(faults, "Start must be a value (" + bounds(1, kHours), 1);
+  if (adding) {
+    for (int hour = std::max(start, 1); hour <= std::min(end, kHours); ++hour) {
+      if (!covered[hour]) continue;
+      AddFault(faults, "Hourly intervals are overlapping ", 1);
+      break;
+    }
+  }
+  if (!hour_ok(text[1])) AddFault(faults, "End must be a value (" + bounds(1, kHours), 2);
+  if (start > end) AddFault(faults, "Start must be <= End ", 1);
+  struct Bound {
+    const char* message;
+    double low, high;
+  } const values[] = {
+      {"Infiltration must be empty or a value (", 0, 500},
+      {"Power Heating must be empty or a value (", 0, 1000000},
+      {"Heating must be empty or a value (", -100, 100},
+      {"Power Cooling must be empty or a value (", 0, 1000000},
+      {"Cooling must be empty or a value (", -100, 100},
+      {"Internal Loads must be empty or a value (", -99999, 999999},
+  };
+  for (int i = 0; i < 6; ++i) {
+    const std::string& value = text[i + 2];
+    bool ok = Value_SpaceOk(value) &&
+              (value.empty() || (Val(value) >= values[i].low && Val(value) <= values[i].high));
+    if (!ok) AddFault(faults, values[i].message + bounds(values[i].low, values[i].high), i + 3);
+  }
+  return faults;
+}
+
 const char* CellRuleMessage(int column, const std::string& cell) {
-  std::string_view text(cell);
-  size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return nullptr;
-  text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-  auto holds = [&text](char c) { return text.find(c) != std::string_view::npos; };
+  size_t first = cell.find_first_not_of(' ');
+  if (first == std::string::npos) return nullptr;
+  size_t last = cell.find_last_not_of(' ');
+  // One look at the characters: the points, the minus signs, and whether a
+  // minus stands anywhere but first.
+  int points = 0, minuses = 0;
+  bool inner_minus = false;
+  for (size_t i = first; i <= last; ++i) {
+    if (cell[i] == '.') ++points;
+    if (cell[i] == '-') {
+      ++minuses;
+      inner_minus = inner_minus || i > first;
+    }
+  }
+  const size_t length = last - first + 1;
   switch (column) {
     case 1:
     case 3:
     case 5:
-      return holds('.') || holds('-') ? kWholeNotNegative : nullptr;
+      return points || minuses ? kWholeNotNegative : nullptr;
     case 2:
     case 4:
-      return holds('.') || text.find('-', 1) != std::string_view::npos || text == "-" ? kWhole
-                                                                                      : nullptr;
+      return points || inner_minus || (minuses && length == 1) ? kWhole : nullptr;
     case 6:
     case 7:
-      return text.size() > 4 || std::count(text.begin(), text.end(), '.') > 1 || holds('-')
-                 ? kFlow
-                 : nullptr;
+      return length > 4 || points > 1 || minuses ? kFlow : nullptr;
     default:
-      return holds('.') || holds('-') || Val(cell) > 100 ? kPercent : nullptr;
+      return points || minuses || Val(cell) > 100 ? kPercent : nullptr;
   }
 }
 

@@ -63,10 +63,10 @@ bool Value_DayOk(const std::string& text);
 enum PeriodField { kNoField = 0, kStartDay = 1, kStartMonth = 2, kEndDay = 3, kEndMonth = 4 };
 
 // The failures of a period: each message on a line of its own that begins
-// with a CR, and the field of the first one.
+// with a CR, and the field (text box number) of the first one.
 struct PeriodFaults {
   std::string text;
-  PeriodField focus = kNoField;
+  int focus = kNoField;
   bool ok() const { return text.empty(); }
 };
 
@@ -78,6 +78,21 @@ PeriodFaults CheckDailyPeriod(const std::string& start_day, const std::string& s
 // The rule of a Monthly period: no month shared with the list.
 PeriodFaults CheckMonthlyPeriod(const std::vector<std::string>& items, int start_month,
                                 int end_month, int skip = -1);
+
+// The rules of the hourly input form (HVAC_Grid1_Input). Its buttons stay
+// hidden, since hours are typed into the grid, but should it come back these
+// are its checks.
+inline constexpr const char* kHourlyCheckTitle = "Hourly operating periods - check";
+inline constexpr const char* kMaxHourlyPeriods = "Max number of hourly operating periods reached ";
+// Empty, or digits only; "-", "." or "+" alone fails.
+bool Value_HourOk(const std::string& text);
+// Empty, or a plain number: digits, one ".", a "+" or "-" in first place.
+bool Value_SpaceOk(const std::string& text);
+// The fields Text1 to Text8 (start and end hour, infiltration, powers and
+// set points, internal loads); `covered` the hours of the rows already
+// there, held against a row being added.
+PeriodFaults CheckHourlyInput(const std::array<std::string, 8>& fields,
+                              const std::array<bool, kHours + 1>& covered, bool adding);
 
 // The cell rules of the hourly grids.
 inline constexpr const char* kCellCheckTitle = "Check of input data";

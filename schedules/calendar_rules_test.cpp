@@ -65,6 +65,37 @@ TEST(CalendarRules, DailyPeriodMessagesInTheirOrderWithTheFirstFieldAtFault) {
   }
 }
 
+TEST(CalendarRules, TheHourlyInputFormChecksItsFieldsInOrder) {
+  std::array<bool, kHours + 1> covered{};
+  covered[4] = covered[5] = covered[6] = true;
+  struct Case {
+    std::array<std::string, 8> fields;
+    std::string text;
+    int focus;
+  } cases[] = {
+      {{"1", "3", "", "", "", "", "", ""}, "", 0},
+      {{"25", "0"},
+       "\rStart must be a value ( 1 -  24)\rEnd must be a value ( 1 -  24)\rStart must be <= End ",
+       1},
+      {{"6", "8"}, "\rHourly intervals are overlapping ", 1},
+      {{"9", "7", "501", "-1"},
+       "\rStart must be <= End \rInfiltration must be empty or a value ( 0 -  500)"
+       "\rPower Heating must be empty or a value ( 0 -  1000000)",
+       1},
+      {{"1", "2", "", "", "-101", "", "+-1", "1e3"},
+       "\rHeating must be empty or a value (-100 -  100)"
+       "\rCooling must be empty or a value (-100 -  100)"
+       "\rInternal Loads must be empty or a value (-99999 -  999999)",
+       5},
+  };
+  for (const auto& k : cases) {
+    auto faults = CheckHourlyInput(k.fields, covered, true);
+    EXPECT_EQ(faults.text, k.text) << k.fields[0];
+    EXPECT_EQ(faults.focus, k.focus) << k.fields[0];
+  }
+  EXPECT_TRUE(CheckHourlyInput({"6", "8"}, covered, false).ok());
+}
+
 // HVACGRID1 with the TAB-separated columns 1 to 8 of rows 1, 2, ...
 void SetLoads(Grid& grid, const std::vector<std::string>& rows) {
   grid.SetRows(0);

@@ -1,6 +1,7 @@
 #include "schedules/hvac_cal_file.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "building/surface_file.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr const char* kOutOfRange = "Subscript out of range";
 constexpr const char* kBadFlag = "Invalid property value";
+const std::string kNeverSetCell = " ";
 
 // The stamped dates of the two halves of the year under Weekend and Weekday.
 constexpr const char* kWeekendDates = "1/1\t30/6";
@@ -56,28 +58,78 @@ void ReadHourLine(const std::string& line, int pairs, std::string* row) {
   next(nullptr);
   next(nullptr);
   for (int column = 0; column < kLoadColumns + pairs; ++column) next(&row[column]);
+  // The pairs of volumes the case no longer has are not read.
+  for (int column = kLoadColumns + pairs; column < kHourColumns; ++column) row[column].assign(" ");
 }
 
-void ReadVolumeBlock(TextReader& reader, int pairs, ScheduleStore& store, int schedule,
+// One volume block. Without a store the block is only walked, so that a
+// damaged file is found before the store is touched.
+void ReadVolumeBlock(TextReader& reader, int pairs, ScheduleStore* store, int schedule,
                      int volume) {
-  std::string type_line = reader.ReadLine();
+  const std::string& type_line = reader.NextLine();
   int type = Within(reader, TrimBlanks(FieldBefore(type_line, kTab)), kWeekendWeekday, kMonthly);
-  store.PeriodType(schedule, volume) = static_cast<int16_t>(type);
   int count =
-      Within(reader, reader.ReadLine(), 0, type == kWeekendWeekday ? kDayKinds : kMaxPeriods);
-  // Weekend/Weekday always has its two slots; its count is not kept.
-  if (type != kWeekendWeekday)
-    store.PeriodCount(schedule, volume, type) = static_cast<int16_t>(count);
+      Within(reader, reader.NextLine(), 0, type == kWeekendWeekday ? kDayKinds : kMaxPeriods);
+  if (store) {
+    store->PeriodType(schedule, volume) = static_cast<int16_t>(type);
+    // Weekend/Weekday always has its two slots; its count is not kept.
+    if (type != kWeekendWeekday) {
+      store->PeriodCount(schedule, volume, type) = static_cast<int16_t>(count);
+    }
+  }
   for (int period = 1; period <= count; ++period) {
     int slot = PeriodSlot(type, period);
-    std::string dates = reader.ReadLine();
-    store.PeriodDates(schedule, volume, slot, 1) = TrimBlanks(FieldBefore(dates, kTab));
-    store.PeriodDates(schedule, volume, slot, 2) = TrimBlanks(FieldAfter(dates, kTab));
-    int hours = Within(reader, reader.ReadLine(), 0, kHours);
+    const std::string& dates = reader.NextLine();
+    if (store) {
+      store->PeriodDates(schedule, volume, slot, 1) = TrimBlanks(FieldBefore(dates, kTab));
+      store->PeriodDates(schedule, volume, slot, 2) = TrimBlanks(FieldAfter(dates, kTab));
+    }
+    int hours = Within(reader, reader.NextLine(), 0, kHours);
+    if (!store) {
+      for (int hour = 1; hour <= hours; ++hour) reader.NextLine();
+      continue;
+    }
     if (hours == 0) continue;
-    auto& cells = store.PeriodCells(schedule, volume, slot);
+    auto& cells = store->PeriodCellsToFill(schedule, volume, slot);
     for (int hour = 1; hour <= hours; ++hour) {
-      ReadHourLine(reader.ReadLine(), pairs, &cells[(hour - 1) * kHourColumns]);
+      ReadHourLine(reader.NextLine(), pairs, &cells[(hour - 1) * kHourColumns]);
+    }
+    for (size_t cell = hours * kHourColumns; cell < cells.size(); ++cell) cells[cell].assign(" ");
+  }
+}
+
+// The whole walk; with a store, its values are set on the way.
+void WalkHvacCal(TextReader& reader, int volume_count, bool every_block, ScheduleStore* store) {
+  const std::string& settings = reader.NextLine();
+  bool ild = Within(reader, TabField(settings, 0), 0, 1, kBadFlag) == 1;
+  bool heat_exchanger = Within(reader, TabField(settings, 1), 0, 1, kBadFlag) == 1;
+  bool bypass = Within(reader, TabField(settings, 3), 0, 1, kBadFlag) == 1;
+  if (store) {
+    store->ClearSchedules();
+    store->VolumeCount = volume_count;
+    store->UseInternalLoadFile = ild;
+    store->HasHeatExchanger = heat_exchanger;
+    store->HeatExchangerEfficiency = TabField(settings, 2);
+    store->HasBypass = bypass;
+  }
+  std::string ild_file = TabField(reader.NextLine(), 0);
+  const std::string& counts = reader.NextLine();
+  const int schedules = std::max(0, Within(reader, TabField(counts, 0), -32768, kMaxSchedules));
+  // The schedule shown is one of those in use; with none in use, none.
+  const int current =
+      schedules > 0 ? Within(reader, TabField(counts, 1), 0, schedules, kBadFlag) : 0;
+  if (store) {
+    store->InternalLoadFile = ild_file;
+    store->ScheduleCount = schedules;
+    store->CurrentSchedule = current;
+  }
+  if (schedules == 0 && !every_block) return;
+  const int pairs = PairCount(std::min(volume_count, kMaxVolumes));
+  for (int schedule = 1; schedule <= kMaxSchedules; ++schedule) {
+    std::string name = TrimBlanks(reader.NextLine());
+    if (store) store->ScheduleName(schedule) = name;
+    for (int volume = 1; volume <= kMaxVolumes; ++volume) {
+      ReadVolumeBlock(reader, pairs, store, schedule, volume);
     }
   }
 }
@@ -101,15 +153,41 @@ void RunDefaults(int volume_count, ScheduleStore& store) {
 }
 
 // Cells of Weekend/Weekday hours go out as held (a cell never set is one
-// blank); those of Daily and Monthly hours trimmed.
-void AppendCell(std::string& line, const std::string& cell, bool as_held) {
-  if (as_held) {
-    line += cell;
-    return;
+// blank); those of Daily and Monthly hours trimmed. The hour lines are the
+// bulk of the file, so each is laid down in one piece of known length.
+void AppendHourLine(std::string& text, int hour, const std::string* row, bool as_held,
+                    bool closing_tab) {
+  const std::string label = std::to_string(hour);
+  std::array<std::pair<const char*, size_t>, kHourColumns> cells;
+  size_t length = 2 * label.size() + 1 + kHourColumns + 3;
+  for (int column = 0; column < kHourColumns; ++column) {
+    const std::string& cell = row ? row[column] : kNeverSetCell;
+    const char* start = cell.data();
+    size_t size = cell.size();
+    if (!as_held) {
+      while (size > 0 && *start == ' ') ++start, --size;
+      while (size > 0 && start[size - 1] == ' ') --size;
+    }
+    cells[column] = {start, size};
+    length += size;
   }
-  size_t first = cell.find_first_not_of(' ');
-  if (first == std::string::npos) return;
-  line.append(cell, first, cell.find_last_not_of(' ') - first + 1);
+  size_t at = text.size();
+  text.resize(at + length);
+  char* out = text.data() + at;
+  auto put = [&out](const char* from, size_t size) {
+    for (size_t i = 0; i < size; ++i) *out++ = from[i];
+  };
+  put(label.data(), label.size());
+  *out++ = '\t';
+  put(label.data(), label.size());
+  for (const auto& [start, size] : cells) {
+    *out++ = '\t';
+    put(start, size);
+  }
+  if (closing_tab) *out++ = '\t';
+  *out++ = '\r';
+  *out++ = '\n';
+  text.resize(static_cast<size_t>(out - text.data()));
 }
 
 void AppendLine(std::string& text, const std::string& line) {
@@ -122,17 +200,10 @@ void AppendPeriod(std::string& text, const ScheduleStore& store, int schedule, i
   AppendLine(text, dates);
   AppendLine(text, std::to_string(kHours));
   const std::vector<std::string>* cells = store.PeriodCells(schedule, volume, slot);
-  const std::string never_set = " ";
   for (int hour = 1; hour <= kHours; ++hour) {
-    text += std::to_string(hour) + kTab + std::to_string(hour);
-    for (int column = 0; column < kHourColumns; ++column) {
-      text += '\t';
-      AppendCell(text, cells ? (*cells)[(hour - 1) * kHourColumns + column] : never_set,
-                 type == kWeekendWeekday);
-    }
     // Monthly hour lines end at their last cell; the others with a TAB.
-    if (type != kMonthly) text += '\t';
-    text += "\r\n";
+    AppendHourLine(text, hour, cells ? &(*cells)[(hour - 1) * kHourColumns] : nullptr,
+                   type == kWeekendWeekday, type != kMonthly);
   }
 }
 
@@ -143,30 +214,12 @@ int CaseVolumeCount(const Workspace& ws) {
 }
 
 void ReadHvacCalFrom(TextReader& reader, int volume_count, bool every_block, ScheduleStore& store) {
-  ScheduleStore fresh;
-  fresh.VolumeCount = volume_count;
-  std::string settings = reader.ReadLine();
-  fresh.UseInternalLoadFile = Within(reader, TabField(settings, 0), 0, 1, kBadFlag) == 1;
-  fresh.HasHeatExchanger = Within(reader, TabField(settings, 1), 0, 1, kBadFlag) == 1;
-  fresh.HeatExchangerEfficiency = TabField(settings, 2);
-  fresh.HasBypass = Within(reader, TabField(settings, 3), 0, 1, kBadFlag) == 1;
-  fresh.InternalLoadFile = TabField(reader.ReadLine(), 0);
-  std::string counts = reader.ReadLine();
-  fresh.ScheduleCount = std::max(0, Within(reader, TabField(counts, 0), -32768, kMaxSchedules));
-  // The schedule shown is one of those in use; with none in use, none.
-  if (fresh.ScheduleCount > 0) {
-    fresh.CurrentSchedule = Within(reader, TabField(counts, 1), 0, fresh.ScheduleCount, kBadFlag);
-  }
-  if (fresh.ScheduleCount > 0 || every_block) {
-    const int pairs = PairCount(std::min(volume_count, kMaxVolumes));
-    for (int schedule = 1; schedule <= kMaxSchedules; ++schedule) {
-      fresh.ScheduleName(schedule) = TrimBlanks(reader.ReadLine());
-      for (int volume = 1; volume <= kMaxVolumes; ++volume) {
-        ReadVolumeBlock(reader, pairs, fresh, schedule, volume);
-      }
-    }
-  }
-  store = std::move(fresh);
+  // The file is walked twice: first for its shape, then into the store, so
+  // a damaged file leaves the store as it was and a sound one fills it in
+  // place, in the tables it already has.
+  WalkHvacCal(reader, volume_count, every_block, nullptr);
+  reader.Rewind();
+  WalkHvacCal(reader, volume_count, every_block, &store);
 }
 
 void ReadHvacCal(const Workspace& ws, int volume_count, ScheduleStore& store) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace zelmo {
 
@@ -40,9 +41,65 @@ void ScheduleStore::ClearSchedules() {
   std::fill(types_.begin(), types_.end(), 0);
   std::fill(counts_.begin(), counts_.end(), 0);
   for (auto& date : dates_) date.clear();
-  for (auto& table : tables_) table.clear();
+  for (auto& table : tables_) table.made = false;
   ScheduleCount = 0;
   CurrentSchedule = 0;
+}
+
+void ScheduleStore::CopyVolume(int from_schedule, int from_volume, int to_schedule, int to_volume,
+                               int first_column, int last_column) {
+  if (from_schedule == to_schedule && from_volume == to_volume) return;
+  PeriodType(to_schedule, to_volume) = PeriodType(from_schedule, from_volume);
+  for (int type = kWeekendWeekday; type <= kMonthly; ++type) {
+    PeriodCount(to_schedule, to_volume, type) = PeriodCount(from_schedule, from_volume, type);
+  }
+  for (int slot = 1; slot <= kPeriodSlots; ++slot) {
+    for (int end = 1; end <= 2; ++end) {
+      PeriodDates(to_schedule, to_volume, slot, end) =
+          PeriodDates(from_schedule, from_volume, slot, end);
+    }
+    const Table& from = tables_[Slot(from_schedule, from_volume, slot)];
+    Table& to = tables_[Slot(to_schedule, to_volume, slot)];
+    if (first_column == 1 && last_column == kHourColumns) {
+      to.made = from.made;
+      if (from.made) to.cells = from.cells;
+      continue;
+    }
+    if (!from.made && !to.made) continue;
+    for (int hour = 1; hour <= kHours; ++hour) {
+      for (int column = first_column; column <= last_column; ++column) {
+        HourCell(to_schedule, to_volume, slot, hour, column) =
+            std::as_const(*this).HourCell(from_schedule, from_volume, slot, hour, column);
+      }
+    }
+  }
+}
+
+void ScheduleStore::CopyPeriod(int schedule, int volume, int from_slot, int to_slot) {
+  for (int end = 1; end <= 2; ++end) {
+    PeriodDates(schedule, volume, to_slot, end) = PeriodDates(schedule, volume, from_slot, end);
+  }
+  const Table& from = tables_[Slot(schedule, volume, from_slot)];
+  Table& to = tables_[Slot(schedule, volume, to_slot)];
+  to.made = from.made;
+  if (from.made) to.cells = from.cells;
+}
+
+void ScheduleStore::ClearPeriod(int schedule, int volume, int slot) {
+  PeriodDates(schedule, volume, slot, 1).clear();
+  PeriodDates(schedule, volume, slot, 2).clear();
+  tables_[Slot(schedule, volume, slot)].made = false;
+}
+
+void ScheduleStore::ClearSchedule(int schedule) {
+  ScheduleName(schedule) = " ";
+  for (int volume = 1; volume <= kMaxVolumes; ++volume) {
+    PeriodType(schedule, volume) = 0;
+    for (int type = kWeekendWeekday; type <= kMonthly; ++type) {
+      PeriodCount(schedule, volume, type) = 0;
+    }
+    for (int slot = 1; slot <= kPeriodSlots; ++slot) ClearPeriod(schedule, volume, slot);
+  }
 }
 
 int ScheduleStore::Check(int index, int high, int low) {
@@ -71,22 +128,33 @@ std::string& ScheduleStore::HourCell(int schedule, int volume, int slot, int hou
 }
 
 std::vector<std::string>& ScheduleStore::PeriodCells(int schedule, int volume, int slot) {
-  auto& table = tables_[Slot(schedule, volume, slot)];
-  if (table.empty()) table.assign(kCellsOfPeriod, kNeverSet);
-  return table;
+  Table& table = tables_[Slot(schedule, volume, slot)];
+  if (!table.made) {
+    table.cells.resize(kCellsOfPeriod);
+    for (auto& cell : table.cells) cell.assign(kNeverSet);
+    table.made = true;
+  }
+  return table.cells;
+}
+
+std::vector<std::string>& ScheduleStore::PeriodCellsToFill(int schedule, int volume, int slot) {
+  Table& table = tables_[Slot(schedule, volume, slot)];
+  table.cells.resize(kCellsOfPeriod);
+  table.made = true;
+  return table.cells;
 }
 
 const std::vector<std::string>* ScheduleStore::PeriodCells(int schedule, int volume,
                                                            int slot) const {
-  const auto& table = tables_[Slot(schedule, volume, slot)];
-  return table.empty() ? nullptr : &table;
+  const Table& table = tables_[Slot(schedule, volume, slot)];
+  return table.made ? &table.cells : nullptr;
 }
 
 const std::string& ScheduleStore::HourCell(int schedule, int volume, int slot, int hour,
                                            int column) const {
   size_t index = CellIndex(hour, column);
-  const auto& table = tables_[Slot(schedule, volume, slot)];
-  return table.empty() ? kNeverSet : table[index];
+  const Table& table = tables_[Slot(schedule, volume, slot)];
+  return table.made ? table.cells[index] : kNeverSet;
 }
 
 }  // namespace zelmo

@@ -78,6 +78,21 @@ class ScheduleStore {
   // over whole periods; nullptr from the const form when no cell was set.
   std::vector<std::string>& PeriodCells(int schedule, int volume, int slot);
   const std::vector<std::string>* PeriodCells(int schedule, int volume, int slot) const;
+  // The same for a caller that writes every cell itself, as a reader does:
+  // the old texts are left in place to be overwritten.
+  std::vector<std::string>& PeriodCellsToFill(int schedule, int volume, int slot);
+
+  // The type, the counts and the dates of every slot of a volume, and the
+  // cells of columns first to last of every slot, into another volume or
+  // schedule.
+  void CopyVolume(int from_schedule, int from_volume, int to_schedule, int to_volume,
+                  int first_column = 1, int last_column = kHourColumns);
+  // The dates and cells of a period into another slot of the same volume.
+  void CopyPeriod(int schedule, int volume, int from_slot, int to_slot);
+  // Dates empty and every cell one blank.
+  void ClearPeriod(int schedule, int volume, int slot);
+  // A blank name, and every volume as ClearSchedules leaves it.
+  void ClearSchedule(int schedule);
 
   // How many schedules are in use, and the one shown when the screen was
   // last left (0 when there is none).
@@ -102,9 +117,14 @@ class ScheduleStore {
   std::vector<int16_t> counts_;
   std::vector<std::string> dates_;
   // The 24 x 36 cells of each (schedule, volume, slot), made on the first
-  // change: a table not yet made holds one blank in every cell, so clearing
-  // and reading a file touch only the periods in use.
-  std::vector<std::vector<std::string>> tables_;
+  // change: a table not made holds one blank in every cell, so clearing and
+  // reading a file touch only the periods in use, and a table once made
+  // keeps its texts' room for the next file.
+  struct Table {
+    bool made = false;
+    std::vector<std::string> cells;
+  };
+  std::vector<Table> tables_;
 };
 
 }  // namespace zelmo

@@ -51,7 +51,7 @@ void BuildMISched(Form& form, QDialog& dialog, Session&) {
   auto* frame_layout = new QVBoxLayout(frame);
   frame_layout->addWidget(Named<QLabel>(frame, screen.Label2));
   auto* hours = new QGridLayout;
-  for (int hour = 0; hour < kHours; ++hour) {
+  for (int hour = 0; hour < kMaskHours; ++hour) {
     hours->addWidget(Named<QCheckBox>(frame, screen.Check3D1[hour]), hour / 8, hour % 8);
   }
   frame_layout->addLayout(hours);

@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
 #include <QWidget>
@@ -56,6 +57,10 @@ int KeyCode(const QKeyEvent* event) {
       return keys::kDelete;
     case Qt::Key_Home:
       return keys::kHome;
+    case Qt::Key_PageUp:
+      return keys::kPageUp;
+    case Qt::Key_PageDown:
+      return keys::kPageDown;
     case Qt::Key_End:
       return keys::kEnd;
     case Qt::Key_Left:
@@ -215,6 +220,14 @@ void Binder::Connect(Control* control, QObject* object) {
         fire(control->on_change);
       });
     }
+  } else if (auto* spin = qobject_cast<QScrollBar*>(widget)) {
+    // A spin's upper arrow counts up: the bar runs over the negated values,
+    // since a scroll bar's upper arrow counts down.
+    connect(spin, &QScrollBar::valueChanged, this, [this, control, fire](int value) {
+      if (syncing_ || -value == control->value) return;
+      control->value = -value;
+      fire(control->on_change);
+    });
   } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
     auto* grid = static_cast<Grid*>(control);
     connect(table, &QTableWidget::currentCellChanged, this,
@@ -405,6 +418,14 @@ void Binder::SyncOne(Control* control, QObject* object) {
     if (combo->isEditable() && combo->currentText() != Q(control->text)) {
       combo->setEditText(Q(control->text));
     }
+  } else if (auto* spin = qobject_cast<QScrollBar*>(widget)) {
+    if (control->kind() == ControlKind::kSpin) {
+      const auto& range = static_cast<const SpinButton&>(*control);
+      if (spin->minimum() != -range.max || spin->maximum() != -range.min) {
+        spin->setRange(-range.max, -range.min);
+      }
+    }
+    if (spin->value() != -control->value) spin->setValue(-control->value);
   } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
     auto* grid = static_cast<Grid*>(control);
     if (table->rowCount() != grid->rows()) table->setRowCount(grid->rows());

@@ -15,6 +15,7 @@
 #include "libraries/output_screen.h"
 #include "libraries/walls_screen.h"
 #include "libraries/window_types_screen.h"
+#include "schedules/hvac_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "site/move_climatic_files.h"
@@ -85,6 +86,7 @@ void WireCommands(StartForm& main) {
   main.M_GeneralParameters.on_click = Opens<GenPars>(main);
   main.M_MISchedule.on_click = Opens<MISched>(main);
   main.M_ForcedVent.on_click = Opens<ForceVent>(main);
+  main.M_IHCI.on_click = Opens<HVAC>(main);
   main.M_FluidAdvConn.on_click = Opens<FluidAdv>(main);
   // Simulation
   main.M_Output.on_click = Opens<Out_put>(main);

@@ -58,6 +58,15 @@ void RegisterAllViews() {
   RegisterView("AddMoveIns", BuildAddMoveIns);
   RegisterView("MISched", BuildMISched);
   RegisterView("Out_put", BuildOut_put);
+  RegisterView("HVAC", BuildHVAC);
+  RegisterView("HVAC_Daily_Add", BuildDailyPeriod);
+  RegisterView("HVAC_daily_edit", BuildDailyPeriod);
+  RegisterView("HVAC_Monthly_Add", BuildMonthlyPeriod);
+  RegisterView("HVAC_Monthly_edit", BuildMonthlyPeriod);
+  RegisterView("HVAC_Schedule_Add", BuildScheduleName);
+  RegisterView("Hvac_Schedule_Rename", BuildScheduleName);
+  RegisterView("HVAC_Schedule_Copy", BuildScheduleCopy);
+  RegisterView("Hvac_Volume_Copy", BuildVolumeCopy);
 }
 
 }  // namespace zelmo::ui

@@ -60,5 +60,11 @@ void BuildMoveIns(Form& form, QDialog& dialog, Session& session);
 void BuildAddMoveIns(Form& form, QDialog& dialog, Session& session);
 void BuildMISched(Form& form, QDialog& dialog, Session& session);
 void BuildOut_put(Form& form, QDialog& dialog, Session& session);
+void BuildHVAC(Form& form, QDialog& dialog, Session& session);
+void BuildDailyPeriod(Form& form, QDialog& dialog, Session& session);
+void BuildMonthlyPeriod(Form& form, QDialog& dialog, Session& session);
+void BuildScheduleName(Form& form, QDialog& dialog, Session& session);
+void BuildScheduleCopy(Form& form, QDialog& dialog, Session& session);
+void BuildVolumeCopy(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui

@@ -1,0 +1,319 @@
+#include "schedules/hvac_screen.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "core/fields.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "schedules/hvac_cal_file.h"
+
+namespace zelmo {
+namespace {
+
+using testing::FakeSession;
+using testing::ReadBytes;
+using testing::TempDir;
+using testing::WriteBytes;
+
+// A case of `volumes` rooms in a row, each joined to the next by an inner
+// wall with a door (the rectangle with a hole).
+struct HvacScreenCase {
+  explicit HvacScreenCase(int volumes = 3) {
+    fake.ws().CasePath = dir.path();
+    WriteBytes(dir / "THERMAL.INP", "------\r\n");
+    std::string bytes;
+    for (int v = 1; v <= volumes; ++v) {
+      bytes += "Wall" + std::to_string(v) + "\r\n";
+      std::string back = v < volumes ? std::to_string(v + 1) : "0";
+      for (int field = 1; field <= 29; ++field) {
+        std::string text = field == 1   ? (v < volumes ? "2" : "0")
+                           : field == 7 ? std::to_string(v)
+                           : field == 8 ? back
+                                        : "";
+        bytes += "\t" + text + "\r\n";
+      }
+    }
+    WriteBytes(dir / "SURFACE.INP", bytes);
+  }
+  // Scripts the next dialog of that name to take the fields and press Ok.
+  template <typename Dialog>
+  void Answer(const std::string& form, std::function<void(Dialog&)> fill) {
+    fake.dialogs.screens[form] = [fill](Form& f) {
+      auto& dialog = static_cast<Dialog&>(f);
+      fill(dialog);
+      dialog.Ok();
+    };
+  }
+  void AddSchedule(HVAC& screen, const std::string& name) {
+    Answer<ScheduleNameDialog>("HVAC_Schedule_Add",
+                               [name](ScheduleNameDialog& d) { d.Text1.text = name; });
+    screen.SAcmbClick();
+  }
+  void AddDaily(HVAC& screen, const std::string& start, const std::string& end) {
+    Answer<DailyPeriodDialog>("HVAC_Daily_Add", [start, end](DailyPeriodDialog& d) {
+      d.Text1.text = FieldBefore(start, "/");
+      d.Text2.text = FieldAfter(start, "/");
+      d.Text3.text = FieldBefore(end, "/");
+      d.Text4.text = FieldAfter(end, "/");
+    });
+    screen.AddPeriod(false);
+  }
+  std::string Bytes() const { return ReadBytes(dir / kHvacCalFile); }
+  TempDir dir;
+  FakeSession fake;
+};
+
+// Types `text` into a cell as the keyboard does, after moving to it.
+void Type(HVAC& screen, Grid& grid, int row, int col, const std::string& text) {
+  int move = keys::kRight;
+  screen.GridKeyPress(grid, move);
+  grid.row = row;
+  grid.col = col;
+  for (char c : text) {
+    int key = static_cast<unsigned char>(c);
+    screen.GridKeyPress(grid, key);
+  }
+}
+
+// A list moved by the user.
+void Select(ComboBox& list, int index) {
+  list.list_index = index;
+  list.on_click();
+}
+
+TEST(HvacScreen, TypedHoursStayWithTheirScheduleVolumeTypeAndPeriod) {
+  HvacScreenCase c;
+  HVAC screen(c.fake.session);
+  screen.Load();
+  ASSERT_FALSE(screen.unloaded);
+  EXPECT_FALSE(screen.SDcmb.enabled);  // no schedule yet
+  c.AddSchedule(screen, "Office");
+  EXPECT_EQ(screen.Combo1.items, std::vector<std::string>{"Office"});
+  EXPECT_TRUE(screen.Week.visible && screen.Combo5.visible && !screen.Combo2.visible);
+  Type(screen, screen.HVACGRID1, 8, 2, "21");
+  Select(screen.Combo5, 1);  // Weekday
+  EXPECT_EQ(screen.HVACGRID1.Cell(8, 2), "");
+  EXPECT_FALSE(screen.Option1[1].enabled);  // openings only in the first period
+  Type(screen, screen.HVACGRID1, 8, 2, "19");
+  Select(screen.Combo4, kDaily);
+  EXPECT_TRUE(screen.Combo2.visible && screen.Combo2.items.empty());
+  c.AddDaily(screen, "1/1", "30/4");
+  c.AddDaily(screen, "1/5", "31/12");
+  EXPECT_EQ(screen.Combo2.items, (std::vector<std::string>{"1/1-30/4", "1/5-31/12"}));
+  Type(screen, screen.HVACGRID1, 1, 5, "300");
+  Select(screen.Combo2, 0);
+  EXPECT_EQ(screen.HVACGRID1.Cell(1, 5), "");
+  Select(screen.Combo3, 1);  // volume 2 has its own calendar
+  EXPECT_EQ(screen.Combo4.list_index, kWeekendWeekday);
+  EXPECT_FALSE(screen.Option1[1].enabled);
+  Select(screen.Combo3, 0);
+  EXPECT_EQ(screen.Combo4.list_index, kDaily);
+  Select(screen.Combo2, 1);
+  EXPECT_EQ(screen.HVACGRID1.Cell(1, 5), "300");
+  // Back to Weekend/Weekday and again to Daily: every calendar kept.
+  Select(screen.Combo4, kWeekendWeekday);
+  EXPECT_EQ(screen.HVACGRID1.Cell(8, 2), "21");
+  Select(screen.Combo5, 1);
+  EXPECT_EQ(screen.HVACGRID1.Cell(8, 2), "19");
+  Select(screen.Combo4, kDaily);
+  EXPECT_EQ(screen.Combo2.items.size(), 2u);
+
+  // A refused cell blocks the move and the list goes back.
+  Type(screen, screen.HVACGRID1, 3, 1, "1.5");
+  Select(screen.Combo3, 1);
+  EXPECT_EQ(screen.Combo3.list_index, 0);
+  EXPECT_EQ(c.fake.dialogs.Last().title, "Check of input data");
+  EXPECT_EQ(std::make_pair(screen.HVACGRID1.row, screen.HVACGRID1.col), std::make_pair(3, 1));
+  EXPECT_EQ(screen.focus, "HVACGRID1");
+}
+
+TEST(HvacScreen, KeysOfTheGrids) {
+  HvacScreenCase c;
+  HVAC screen(c.fake.session);
+  screen.Load();
+  c.AddSchedule(screen, "S");
+  Grid& grid = screen.HVACGRID1;
+  Type(screen, grid, 2, 3, "12,5-x");
+  EXPECT_EQ(grid.Cell(2, 3), "12.5-");
+  struct Case {
+    int key;
+    std::string cell;
+    int row, col;
+  } cases[] = {
+      {keys::kBack, "12.5", 2, 3},  {'7', "12.57", 2, 3},
+      {keys::kLeft, "12.57", 2, 3}, {'8', "8", 2, 3},
+      {keys::kDelete, "", 2, 3},    {keys::kPageDown, "", 24, 3},
+      {keys::kPageUp, "", 1, 3},    {keys::kHome, "", 1, 8},
+      {keys::kEnd, "", 1, 1},
+  };
+  for (const auto& k : cases) {
+    int key = k.key;
+    screen.GridKeyPress(grid, key);
+    EXPECT_EQ(grid.Cell(2, 3), k.cell) << k.key;
+    EXPECT_EQ(std::make_pair(grid.row, grid.col), std::make_pair(k.row, k.col)) << k.key;
+  }
+  // In the fill row an x stands for itself and replaces the cell.
+  Type(screen, screen.HVACGRID1_Fill, 0, 4, "5x");
+  EXPECT_EQ(screen.HVACGRID1_Fill.Cell(0, 4), "x");
+  EXPECT_TRUE(screen.HourDirty);
+}
+
+TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {
+  HvacScreenCase c;
+  HVAC screen(c.fake.session);
+  screen.Load();
+  struct Case {
+    std::string text;
+    std::string message, title;
+  } names[] = {
+      {"  ", "You must give a name for the schedule ", "Schedule name - check"},
+      {"Two words", "There should be no space in the name ", "Schedule name - check"},
+  };
+  for (const auto& k : names) {
+    ScheduleNameDialog dialog(c.fake.session, screen.result(), false);
+    dialog.Text1.text = k.text;
+    dialog.Ok();
+    EXPECT_FALSE(dialog.unloaded);
+    EXPECT_EQ(c.fake.dialogs.Last().text, k.message);
+    EXPECT_EQ(dialog.focus, "Text1");
+  }
+  ScheduleCopyDialog copy(c.fake.session, screen.result(), "Office");
+  EXPECT_EQ(copy.Text2.text, " ");
+  copy.Text2.text = "Two words";
+  copy.Ok();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "The Target name should not have any spaces in it ");
+  EXPECT_EQ(c.fake.dialogs.Last().title, "HVAC - Schedules - Copy");
+  VolumeCopyDialog volume(c.fake.session, screen.result(), {"Volume: 1", "Volume: 2"}, 1);
+  volume.Ok();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "Source and target the same volume ! ");
+  EXPECT_FALSE(volume.unloaded);
+
+  // The daily spins: a new dialog is 1/1-1/1; moving months pulls the other.
+  DailyPeriodDialog add(c.fake.session, screen.result(), BuildDateTable({}));
+  EXPECT_EQ(add.Text1.text, " 1");
+  add.M2.value = 3;
+  add.M2Change();
+  EXPECT_EQ(add.Text3.text, " 31");
+  add.M1.value = 2;
+  add.M1Change();
+  add.D1.value = 31;
+  add.D1Change();
+  EXPECT_EQ(add.Text1.text, " 31");
+  add.Ok();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "\rStart/Day must be a value (1 - 29)");
+  EXPECT_EQ(add.focus, "Text1");
+  add.M2.value = 1;
+  add.M2Change();
+  EXPECT_EQ(add.M1.value, 1);
+  add.D1.value = 31;  // within one month not past the end day of that month
+  add.D2.value = 30;
+  add.D1Change();
+  EXPECT_EQ(add.D1.value, 1);
+
+  MonthlyPeriodDialog month(c.fake.session, screen.result(), {"1-3"});
+  month.VScroll2.value = 5;
+  month.VScroll2Change();
+  month.Ok();
+  EXPECT_EQ(c.fake.dialogs.Last().text, "\rDaily intervals are overlapping");
+  month.VScroll1.value = 4;
+  month.VScroll1Change();
+  month.Ok();
+  EXPECT_TRUE(month.unloaded);
+  EXPECT_EQ(screen.result().PeriodStart + "-" + screen.result().PeriodEnd, "4-5");
+}
+
+TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
+  HvacScreenCase c(2);
+  HVAC screen(c.fake.session);
+  screen.Load();
+  c.AddSchedule(screen, "Office");
+  Type(screen, screen.HVACGRID1, 9, 2, "21");
+  Select(screen.Combo4, kMonthly);
+  struct Case {
+    std::function<void()> change;
+    std::string message, focus;
+  } cases[] = {
+      {[] {}, "Time interval is missing", "Combo6"},
+      {[&] {
+         Select(screen.Combo4, kWeekendWeekday);
+         screen.Lval.text = "8 5";
+       },
+       "Efficiency hould be an integer value", "Lval"},
+      {[&] {
+         screen.Lval.text = " 80 ";
+         Type(screen, screen.HVACGRID1, 4, 7, "12345");
+       },
+       "Number should be a positive real number with max 4 digits (including the decimalpoint)",
+       "HVACGRID1"},
+      {[&] {
+         Type(screen, screen.HVACGRID1, 4, 7, "12");
+         screen.IDLcheck.value = 1;
+       },
+       "No ILD file given !", "ILDName"},
+      {[&] { screen.ILDName.text = "/loads/office.txt"; }, "No ILD type file given !", "ILDName"},
+  };
+  for (const auto& k : cases) {
+    k.change();
+    screen.Ok();
+    EXPECT_FALSE(screen.unloaded);
+    EXPECT_EQ(c.fake.dialogs.Last().text, k.message);
+    EXPECT_EQ(screen.focus, k.focus);
+    screen.focus.clear();
+  }
+  screen.IDLcheck.value = 0;
+  screen.ILDName.text.clear();
+  // The door between the rooms: openings are shown for volume 1's first period.
+  screen.Option1Click(1);
+  ASSERT_TRUE(screen.openings_view());
+  EXPECT_FALSE(screen.Scmd1.visible || screen.Combo1.enabled);
+  EXPECT_EQ(screen.HVACGRID2.Cell(0, 1), "1-2");
+  Type(screen, screen.HVACGRID2, 12, 1, "50");
+  screen.Option1Click(0);
+  screen.Ok();
+  ASSERT_TRUE(screen.unloaded);
+  EXPECT_EQ(ReadBytes(c.dir / "THERMAL.INP"), "-----X\r\n");
+  auto lines = *ReadAllLines(c.dir / kHvacCalFile);
+  EXPECT_EQ(lines[0], "0\t1\t 80 \t0\t");
+  EXPECT_EQ(lines[2], " 1\t 1\t 2");
+  EXPECT_EQ(lines[3], "Office");
+  std::string rest_of_pairs;
+  for (int i = 0; i < kMaxPairs - 1; ++i) rest_of_pairs += " \t";
+  // Loads trimmed, the door open "100" where no opening was typed.
+  EXPECT_EQ(lines[8], "1\t1" + std::string(9, '\t') + "100\t" + rest_of_pairs);
+  EXPECT_EQ(lines[11], "4\t4" + std::string(7, '\t') + "12\t\t100\t" + rest_of_pairs);
+  EXPECT_EQ(lines[16], "9\t9\t\t21" + std::string(7, '\t') + "100\t" + rest_of_pairs);
+  EXPECT_EQ(lines[19], "12\t12" + std::string(9, '\t') + "50\t" + rest_of_pairs);
+
+  // Opened again, the screen shows what was saved; Cancel leaves the file.
+  const std::string saved = c.Bytes();
+  HVAC again(c.fake.session);
+  again.Load();
+  EXPECT_EQ(again.Combo1.items, std::vector<std::string>{"Office"});
+  EXPECT_EQ(again.HVACGRID1.Cell(9, 2), "21");
+  EXPECT_EQ(again.HVACGRID2.Cell(12, 1), "50");
+  EXPECT_EQ(again.Lval.text, " 80 ");
+  c.AddSchedule(again, "Other");
+  again.SDcmbClick();
+  again.Cancel();
+  EXPECT_TRUE(again.unloaded);
+  EXPECT_EQ(c.Bytes(), saved);
+}
+
+TEST(HvacScreen, OneVolumeHasNoOpeningsAndNoVolumeClosesTheScreen) {
+  HvacScreenCase one(1);
+  HVAC screen(one.fake.session);
+  screen.Load();
+  EXPECT_FALSE(screen.Option1[0].visible || screen.Option1[1].visible);
+
+  HvacScreenCase none(0);
+  HVAC empty(none.fake.session);
+  empty.Load();
+  EXPECT_TRUE(empty.unloaded);
+  EXPECT_EQ(none.fake.dialogs.Last().text, "There are no volumes ");
+  EXPECT_EQ(none.fake.dialogs.Last().title, "HVAC - Schedules");
+}
+
+}  // namespace
+}  // namespace zelmo
