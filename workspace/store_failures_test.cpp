@@ -27,6 +27,15 @@ class StoreFailures : public StoreTest {
                     fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
                     fs::perm_options::remove);
   }
+  // A screen shown, then the user's acts on it.
+  template <class Screen>
+  std::function<void()> On(const Strings& acts) {
+    return [this, acts] {
+      Screen screen(fake.session, main);
+      fake.dialogs.ShowModal(screen);
+      Act(screen, acts);
+    };
+  }
   // Runs a screen's event as the window does, and gives what it showed.
   std::string Shown(const std::function<void()>& event) {
     fake.dialogs.Clear();
@@ -43,38 +52,10 @@ TEST_F(StoreFailures, AFailedWriteIsToldAndLeavesTheRegisterAsItWas) {
     std::function<void()> event;
   };
   const Row rows[] = {
-      {"new case",
-       [this] {
-         NewCase screen(fake.session, main);
-         screen.Text1.text = "second";
-         screen.Text2.text = "Second";
-         screen.New();
-       }},
-      {"copy case",
-       [this] {
-         CopyCase screen(fake.session, main);
-         fake.dialogs.ShowModal(screen);
-         screen.Text1.text = "copy";
-         screen.Copy();
-       }},
-      {"headline",
-       [this] {
-         RenCase screen(fake.session, main);
-         fake.dialogs.ShowModal(screen);
-         screen.List1.list_index = 0;
-         screen.CaseClicked();
-         screen.Text2.text = "New headline";
-         screen.Rename();
-       }},
-      {"rename",
-       [this] {
-         RenCase screen(fake.session, main);
-         fake.dialogs.ShowModal(screen);
-         screen.List1.list_index = 0;
-         screen.CaseClicked();
-         screen.Text1.text = "moved";
-         screen.Rename();
-       }},
+      {"new case", On<NewCase>({"Text1=second", "Text2=Second", "Command1"})},
+      {"copy case", On<CopyCase>({"Text1=copy", "Command1"})},
+      {"headline", On<RenCase>({"List1#0", "Text2=New headline", "Command1"})},
+      {"rename", On<RenCase>({"List1#0", "Text1=moved", "Command1"})},
       {"delete line", [this] { DeleteCaseLine(ws(), "base"); }},
   };
   ReadOnly(cases);
