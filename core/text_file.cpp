@@ -274,21 +274,52 @@ std::optional<std::vector<std::string>> ReadAllLines(const std::string& path) {
 }
 
 TextReader::TextReader(const std::string& path) : path_(path) {
-  auto lines = ReadAllLines(path);
-  if (!lines) throw FileError(path, 0, "File not found");
-  lines_ = std::move(*lines);
+  auto bytes = ReadAllBytes(path);
+  if (!bytes) throw FileError(path, 0, "File not found");
+  bytes_ = std::move(*bytes);
+  Split();
 }
 
-TextReader::TextReader(std::string path, std::vector<std::string> lines)
-    : path_(std::move(path)), lines_(std::move(lines)) {}
+TextReader::TextReader(std::string path, const std::vector<std::string>& lines)
+    : path_(std::move(path)) {
+  for (const auto& line : lines) {
+    bytes_ += line;
+    bytes_ += "\r\n";
+  }
+  Split();
+}
+
+// Lines end at CR LF, at a CR or a LF alone, and at the end of the file.
+void TextReader::Split() {
+  const char* const begin = bytes_.data();
+  const char* const end = begin + bytes_.size();
+  const char* at = begin;
+  while (at < end) {
+    const char* stop = at;
+    while (stop < end && *stop != '\r' && *stop != '\n') ++stop;
+    spans_.emplace_back(static_cast<size_t>(at - begin), static_cast<size_t>(stop - at));
+    if (stop == end) break;
+    at = stop + 1;
+    if (*stop == '\r' && at < end && *at == '\n') ++at;
+  }
+  lines_.resize(spans_.size());
+}
 
 std::string TextReader::ReadLine() { return NextLine(); }
 
-const std::string& TextReader::NextLine() {
-  if (next_ >= lines_.size()) {
+std::string_view TextReader::NextView() {
+  if (next_ >= spans_.size()) {
     throw FileError(path_, static_cast<int>(next_) + 1, "Input past end of file");
   }
-  return lines_[next_++];
+  const auto [start, size] = spans_[next_++];
+  return std::string_view(bytes_.data() + start, size);
+}
+
+const std::string& TextReader::NextLine() {
+  std::string_view view = NextView();
+  std::string& line = lines_[next_ - 1];
+  line.assign(view.data(), view.size());
+  return line;
 }
 
 void TextReader::Fail(const std::string& what) const {

@@ -8,6 +8,8 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelmo {
@@ -56,9 +58,9 @@ class TextReader {
  public:
   // Throws FileError (line 0) when the file cannot be opened.
   explicit TextReader(const std::string& path);
-  TextReader(std::string path, std::vector<std::string> lines);
+  TextReader(std::string path, const std::vector<std::string>& lines);
 
-  bool AtEnd() const { return next_ >= lines_.size(); }
+  bool AtEnd() const { return next_ >= spans_.size(); }
   // Back to the first line.
   void Rewind() { next_ = 0; }
   // The next line as it stands.
@@ -66,6 +68,9 @@ class TextReader {
   // The same without a copy, for readers of large files; valid as long as
   // the reader lives.
   const std::string& NextLine();
+  // The next line as a view into the file's bytes, for readers that take
+  // a line apart at once; valid as long as the reader lives.
+  std::string_view NextView();
   // The next line with blanks removed at both ends.
   std::string ReadTrimmedLine() { return TrimBlanks(ReadLine()); }
   // Number of the line read last, from 1.
@@ -75,7 +80,13 @@ class TextReader {
   [[noreturn]] void Fail(const std::string& what) const;
 
  private:
+  void Split();
+
   std::string path_;
+  // The file's bytes and where each line lies in them; a line is made a
+  // string only when it is asked for as one.
+  std::string bytes_;
+  std::vector<std::pair<size_t, size_t>> spans_;
   std::vector<std::string> lines_;
   size_t next_ = 0;
 };

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
+#include <string_view>
 
 #include "building/surface_file.h"
 #include "building/volumes.h"
@@ -45,14 +47,23 @@ std::string TabField(const std::string& line, size_t n) {
 
 // One hour line: two hour fields, the eight loads, then one field per pair of
 // the present volumes. Cells keep their blanks; missing fields are empty.
-void ReadHourLine(const std::string& line, int pairs, std::string* row) {
+void ReadHourLine(std::string_view line, int pairs, std::string* row) {
   const char* at = line.data();
   const char* const end = at + line.size();
   // Fields are short: a plain walk beats a search call per field.
   auto next = [&at, end](std::string* cell) {
     const char* start = at;
     while (at < end && *at != '\t') ++at;
-    if (cell) cell->assign(start, at);
+    if (cell) {
+      // A table keeps its room from the last file: a text of the same
+      // length is copied over in place.
+      const size_t size = static_cast<size_t>(at - start);
+      if (cell->size() == size) {
+        std::memcpy(cell->data(), start, size);
+      } else {
+        cell->assign(start, size);
+      }
+    }
     if (at < end) ++at;
   };
   next(nullptr);
@@ -86,13 +97,13 @@ void ReadVolumeBlock(TextReader& reader, int pairs, ScheduleStore* store, int sc
     }
     int hours = Within(reader, reader.NextLine(), 0, kHours);
     if (!store) {
-      for (int hour = 1; hour <= hours; ++hour) reader.NextLine();
+      for (int hour = 1; hour <= hours; ++hour) reader.NextView();
       continue;
     }
     if (hours == 0) continue;
     auto& cells = store->PeriodCellsToFill(schedule, volume, slot);
     for (int hour = 1; hour <= hours; ++hour) {
-      ReadHourLine(reader.NextLine(), pairs, &cells[(hour - 1) * kHourColumns]);
+      ReadHourLine(reader.NextView(), pairs, &cells[(hour - 1) * kHourColumns]);
     }
     for (size_t cell = hours * kHourColumns; cell < cells.size(); ++cell) cells[cell].assign(" ");
   }
@@ -175,7 +186,8 @@ void AppendHourLine(std::string& text, int hour, const std::string* row, bool as
   text.resize(at + length);
   char* out = text.data() + at;
   auto put = [&out](const char* from, size_t size) {
-    for (size_t i = 0; i < size; ++i) *out++ = from[i];
+    std::memcpy(out, from, size);
+    out += size;
   };
   put(label.data(), label.size());
   *out++ = '\t';
