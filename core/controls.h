@@ -182,6 +182,9 @@ class Grid : public Control {
   bool editable = false;        // cells take typed text
   // A cell changed by the user (the cell already holds the new text).
   std::function<void(int row, int col)> on_cell_changed;
+  // A drag of the mouse over several cells has ended: `row`, `col` hold the
+  // cell it started on and `row_sel`, `col_sel` the cell it ended on.
+  std::function<void()> on_sel_change;
 
  private:
   std::vector<std::vector<std::string>> cells_;

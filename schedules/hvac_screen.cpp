@@ -97,6 +97,7 @@ HVAC::HVAC(Session& session) : Form("HVAC"), session_(session) {
   DECmb6.on_click = [this] { EditPeriod(true); };
   for (Grid* grid : {&HVACGRID1, &HVACGRID2, &HVACGRID1_Fill}) {
     grid->on_key_press = [this, grid](int& key) { GridKeyPress(*grid, key); };
+    grid->on_sel_change = [this, grid] { GridSelChange(*grid); };
   }
   Fill_Option.on_click = [this] { FillClick(); };
   HVACGRID_Clear.on_click = [this] { ClearClick(); };

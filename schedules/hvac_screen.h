@@ -50,6 +50,8 @@ class HVAC : public Form {
 
   // A key typed into one of the three grids.
   void GridKeyPress(Grid& grid, int& key);
+  // A drag over several cells of a grid has ended at `row_sel`, `col_sel`.
+  void GridSelChange(Grid& grid);
   void FillClick();
   void ClearClick();
   // The view switch: index 1 the openings between volumes, 0 the loads.

@@ -243,6 +243,14 @@ void HVAC::GridKeyPress(Grid& grid, int& key) {
   HourDirty = true;
 }
 
+void HVAC::GridSelChange(Grid& grid) {
+  grid.row = grid.row_sel;
+  grid.col = grid.col_sel;
+  // The fill row's cell at the end of a drag starts afresh.
+  if (&grid == &HVACGRID1_Fill) grid.Cell(grid.row, grid.col).clear();
+  replace_next_ = true;
+}
+
 void HVAC::FillClick() {
   auto fault =
       CheckCells(HVACGRID1_Fill, openings_view_ ? CellMode::kOpeningsFill : CellMode::kLoadsFill);

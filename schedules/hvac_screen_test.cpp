@@ -158,6 +158,17 @@ TEST(HvacScreen, KeysOfTheGrids) {
   Type(screen, screen.HVACGRID1_Fill, 0, 4, "5x");
   EXPECT_EQ(screen.HVACGRID1_Fill.Cell(0, 4), "x");
   EXPECT_TRUE(screen.HourDirty);
+  // After a drag the active cell is where it ended; in the fill row that
+  // cell is emptied, in the hourly grid it keeps its text until typed over.
+  for (Grid* dragged : {&grid, &screen.HVACGRID1_Fill}) {
+    dragged->Cell(0, 4) = "7";
+    dragged->row = dragged->col = 2;
+    dragged->row_sel = 0;
+    dragged->col_sel = 4;
+    screen.GridSelChange(*dragged);
+    EXPECT_EQ(std::make_pair(dragged->row, dragged->col), std::make_pair(0, 4));
+    EXPECT_EQ(dragged->Cell(0, 4), dragged == &grid ? "7" : "") << dragged->name();
+  }
 }
 
 TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {

@@ -32,7 +32,9 @@ QTableWidget* AddGrid(QWidget* parent, const Grid& grid, int rows, int width) {
   table->horizontalHeader()->hide();
   table->verticalHeader()->hide();
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  // A drag of the mouse selects several cells; the screen then moves the
+  // active cell to where the drag ended.
+  table->setSelectionMode(QAbstractItemView::ContiguousSelection);
   table->verticalHeader()->setDefaultSectionSize(Px(kRowHeight));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   table->setFixedWidth(Px(width) + table->verticalScrollBar()->sizeHint().width() + 4);

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -89,6 +91,17 @@ TEST(HVACView, ANewScheduleWithADailyPeriodFilledDownAndADoorOpened) {
   type(fill, 0, 3, "21");
   type(fill, 0, 5, "26");
   type(fill, 0, 6, "450");
+  // A drag from one cell of the fill row to the next empties the one it ends on.
+  type(fill, 0, 8, "5");
+  const QPoint from = fill->visualItemRect(fill->item(0, 7)).center();
+  const QPoint to = fill->visualItemRect(fill->item(0, 8)).center();
+  QTest::mousePress(fill->viewport(), Qt::LeftButton, {}, from);
+  QMouseEvent move(QEvent::MouseMove, to, fill->viewport()->mapToGlobal(to), Qt::NoButton,
+                   Qt::LeftButton, {});
+  QApplication::sendEvent(fill->viewport(), &move);
+  QTest::mouseRelease(fill->viewport(), Qt::LeftButton, {}, to);
+  EXPECT_EQ(fill->currentColumn(), 8);
+  EXPECT_EQ(fill->item(0, 8)->text(), "");
   QTest::mouseClick(dialog->findChild<QPushButton*>("Fill_Option"), Qt::LeftButton);
   auto* loads = dialog->findChild<QTableWidget*>("HVACGRID1");
   EXPECT_EQ(loads->item(0, 2)->text(), QString::fromUtf8("Heating(°C)"));

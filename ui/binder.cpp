@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -251,6 +252,11 @@ void Binder::Connect(Control* control, QObject* object) {
       grid->col = col;
       fire(grid->on_dbl_click);
     });
+    // A grid that lets the mouse select several cells hears where a drag
+    // ended, once the button is released.
+    if (table->selectionMode() != QAbstractItemView::SingleSelection) {
+      table->viewport()->installEventFilter(this);
+    }
     connect(table, &QTableWidget::cellChanged, this, [this, grid, table](int row, int col) {
       if (syncing_) return;
       grid->Cell(row, col) = S(table->item(row, col)->text());
@@ -264,6 +270,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     if (auto* list = qobject_cast<QListWidget*>(watched->parent());
         list && list->viewport() == watched) {
       list->setProperty(kRowAtPress, list->currentRow());
+    }
+  }
+  if (event->type() == QEvent::MouseButtonRelease && !syncing_) {
+    if (auto* table = qobject_cast<QTableWidget*>(watched->parent());
+        table && table->viewport() == watched) {
+      DragEnded(*table, static_cast<QMouseEvent*>(event)->position().toPoint());
     }
   }
   Control* control = ControlOf(watched);
@@ -304,6 +316,23 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
       break;
   }
   return QObject::eventFilter(watched, event);
+}
+
+void Binder::DragEnded(QTableWidget& table, const QPoint& at) {
+  auto* grid = static_cast<Grid*>(ControlOf(&table));
+  const QList<QTableWidgetSelectionRange> ranges = table.selectedRanges();
+  if (!grid || ranges.size() != 1 || ranges[0].rowCount() * ranges[0].columnCount() < 2) return;
+  const QTableWidgetSelectionRange& range = ranges[0];
+  const QModelIndex end = table.indexAt(at);
+  // Released outside the cells, the drag ends at the corner of the
+  // selection away from where it started.
+  grid->row_sel = end.isValid()                 ? end.row()
+                  : grid->row == range.topRow() ? range.bottomRow()
+                                                : range.topRow();
+  grid->col_sel = end.isValid()                     ? end.column()
+                  : grid->col == range.leftColumn() ? range.rightColumn()
+                                                    : range.leftColumn();
+  if (grid->on_sel_change) Fire(grid->on_sel_change);
 }
 
 void Binder::Sync() {

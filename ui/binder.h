@@ -10,6 +10,8 @@
 
 #include "core/controls.h"
 
+class QPoint;
+class QTableWidget;
 class QWidget;
 
 namespace zelmo {
@@ -47,6 +49,8 @@ class Binder : public QObject {
   void Connect(Control* control, QObject* object);
   void SyncOne(Control* control, QObject* object);
   Control* ControlOf(QObject* object) const;
+  // A drag over several cells of a grid ended at `at` in its viewport.
+  void DragEnded(QTableWidget& table, const QPoint& at);
 
   Form& form_;
   QWidget* root_;
