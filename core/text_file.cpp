@@ -10,6 +10,7 @@
 
 #ifdef _WIN32
 #include <io.h>
+#include <process.h>
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -326,11 +327,26 @@ void TextReader::Fail(const std::string& what) const {
   throw FileError(path_, static_cast<int>(next_), what);
 }
 
+namespace {
+fs::path TemporaryPath(const fs::path& target) {
+#ifdef _WIN32
+  const int process = _getpid();
+#else
+  const int process = static_cast<int>(getpid());
+#endif
+  fs::path temp = target;
+  temp += ".tmp~" + std::to_string(process);
+  return temp;
+}
+}  // namespace
+
+std::string TemporaryOf(const std::string& path) {
+  return FromFsPath(TemporaryPath(ResolvePath(ToFsPath(path))));
+}
+
 bool WriteAllBytes(const std::string& path, const std::string& bytes) {
   fs::path target = ResolvePath(ToFsPath(path));
-  fs::path temp = target;
-  temp += ".tmp~";
-  return WriteBytesTo(target, temp, bytes);
+  return WriteBytesTo(target, TemporaryPath(target), bytes);
 }
 
 namespace {

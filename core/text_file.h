@@ -98,6 +98,11 @@ class TextReader {
 bool WriteAllLines(const std::string& path, const std::vector<std::string>& lines);
 // Writes the bytes exactly as given, as the whole file.
 bool WriteAllBytes(const std::string& path, const std::string& bytes);
+// The file beside `path` that a whole-file write fills before it is renamed
+// over `path`. Each process has its own, so that processes writing the same
+// file at once (cases run side by side all write the project's window
+// library) never write into one another's.
+std::string TemporaryOf(const std::string& path);
 // The bytes of a file, or nothing.
 std::optional<std::string> ReadAllBytes(const std::string& path);
 

@@ -37,10 +37,10 @@ TEST(WriteFailure, AnAppendThatCannotBeCompletedLeavesTheListAsItWas) {
   const std::string list = dir / "CASES.LIB";
   WriteBytes(list, "a - first");
   // Nothing can be written beside the list: its temporary name is a folder.
-  fs::create_directory(ToFsPath(list + ".tmp~"));
+  fs::create_directory(ToFsPath(TemporaryOf(list)));
   EXPECT_FALSE(AppendLine(list, "b - second"));
   EXPECT_EQ(ReadBytes(list), "a - first");
-  fs::remove(ToFsPath(list + ".tmp~"));
+  fs::remove(ToFsPath(TemporaryOf(list)));
   // The open last line is ended before the new one.
   EXPECT_TRUE(AppendLine(list, "b - second"));
   EXPECT_EQ(ReadBytes(list), "a - first\r\nb - second\r\n");
