@@ -64,17 +64,19 @@ struct LargestCase {
 };
 
 // Every period of the store through the loads grid and its check, as the
-// screen shows and checks them one after the other.
+// screen loads and checks them one after the other.
 bool CheckEveryPeriod(const ScheduleStore& store, Grid& grid) {
   bool ok = true;
   for (int s = 1; s <= kMaxSchedules; ++s) {
     for (int v = 1; v <= kMaxVolumes; ++v) {
       int type = store.PeriodType(s, v);
       for (int p = 1; p <= store.PeriodCount(s, v, type); ++p) {
-        int slot = PeriodSlot(type, p);
+        const std::vector<std::string>* cells = store.PeriodCells(s, v, PeriodSlot(type, p));
+        if (!cells) return false;
         for (int h = 1; h <= kHours; ++h) {
-          for (int c = 1; c <= kLoadColumns; ++c)
-            grid.Cell(h, c) = store.HourCell(s, v, slot, h, c);
+          for (int c = 1; c <= kLoadColumns; ++c) {
+            grid.Cell(h, c) = (*cells)[(h - 1) * kHourColumns + c - 1];
+          }
         }
         ok = !CheckCells(grid, CellMode::kLoads) && ok;
       }

@@ -50,9 +50,19 @@ TEST(PadField, AlignsCutsCentresAndTellsTheDeveloperOfAnotherMode) {
 }
 
 TEST(NumberRule, ReadsUpToTheFirstForeignCharacter) {
-  const std::pair<const char*, double> cases[] = {{"12abc", 12},     {"abc", 0},     {"", 0},
-                                                  {"  -3.5x", -3.5}, {"1,5", 1},     {".5", 0.5},
-                                                  {"1e3", 1000},     {"2E-2", 0.02}, {"7e", 7}};
+  const std::pair<const char*, double> cases[] = {{"12abc", 12},
+                                                  {"abc", 0},
+                                                  {"", 0},
+                                                  {"  -3.5x", -3.5},
+                                                  {"1,5", 1},
+                                                  {".5", 0.5},
+                                                  {"1e3", 1000},
+                                                  {"2E-2", 0.02},
+                                                  {"7e", 7},
+                                                  {"+7", 7},
+                                                  {"-012", -12},
+                                                  {"3.", 3},
+                                                  {"1234567890123456", 1234567890123456.0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
 }
 

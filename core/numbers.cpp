@@ -30,6 +30,14 @@ double Val(const std::string& text) {
     while (j < text.size() && text[j] >= '0' && text[j] <= '9') ++j, ++exp_digits;
     if (exp_digits > 0) end = j;
   }
+  // A whole number of a few digits, the most of what is typed, is summed up
+  // at once; the library reads the rest.
+  const bool sign = text[start] == '+' || text[start] == '-';
+  if (end - start == digits + (sign ? 1 : 0) && digits <= 15) {
+    double whole = 0;
+    for (size_t k = end - digits; k < end; ++k) whole = whole * 10 + (text[k] - '0');
+    return text[start] == '-' ? -whole : whole;
+  }
   std::string number = text.substr(start, end - start);
   for (char& c : number) {
     if (c == 'd' || c == 'D') c = 'e';

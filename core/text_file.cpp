@@ -1,7 +1,9 @@
 #include "core/text_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <sstream>
 #include <system_error>
@@ -37,20 +39,34 @@ bool SameIgnoringCase(const fs::path& a, const fs::path& b) {
   return EqualsIgnoringCase(a_text, b_text);
 }
 
+// Where each line lies in the bytes of a file. Lines end at CR LF, at a CR
+// or a LF alone, and at the end of the file. The ends are searched with the
+// library's block search, a file of schedules being several hundred
+// kilobytes.
+std::vector<std::pair<size_t, size_t>> LineSpans(const std::string& bytes) {
+  std::vector<std::pair<size_t, size_t>> spans;
+  const char* const begin = bytes.data();
+  const char* const end = begin + bytes.size();
+  const char* at = begin;
+  const char* lf = nullptr;  // the next LF at or after `at`, or end
+  while (at < end) {
+    if (lf < at) {
+      lf = static_cast<const char*>(std::memchr(at, '\n', static_cast<size_t>(end - at)));
+      if (!lf) lf = end;
+    }
+    const char* cr = static_cast<const char*>(std::memchr(at, '\r', static_cast<size_t>(lf - at)));
+    const char* stop = cr ? cr : lf;
+    spans.emplace_back(static_cast<size_t>(at - begin), static_cast<size_t>(stop - at));
+    if (stop == end) break;
+    at = stop + 1;
+    if (*stop == '\r' && at < end && *at == '\n') ++at;
+  }
+  return spans;
+}
+
 std::vector<std::string> SplitLines(const std::string& bytes) {
   std::vector<std::string> lines;
-  size_t start = 0;
-  while (start < bytes.size()) {
-    size_t end = start;
-    while (end < bytes.size() && bytes[end] != '\r' && bytes[end] != '\n') ++end;
-    if (end == bytes.size()) {
-      lines.emplace_back(bytes, start);  // a last line without its end
-      break;
-    }
-    lines.emplace_back(bytes, start, end - start);
-    start = end + 1;
-    if (bytes[end] == '\r' && start < bytes.size() && bytes[start] == '\n') ++start;
-  }
+  for (const auto& [start, size] : LineSpans(bytes)) lines.emplace_back(bytes, start, size);
   return lines;
 }
 
@@ -290,23 +306,20 @@ TextReader::TextReader(std::string path, const std::vector<std::string>& lines)
   Split();
 }
 
-// Lines end at CR LF, at a CR or a LF alone, and at the end of the file.
 void TextReader::Split() {
-  const char* const begin = bytes_.data();
-  const char* const end = begin + bytes_.size();
-  const char* at = begin;
-  while (at < end) {
-    const char* stop = at;
-    while (stop < end && *stop != '\r' && *stop != '\n') ++stop;
-    spans_.emplace_back(static_cast<size_t>(at - begin), static_cast<size_t>(stop - at));
-    if (stop == end) break;
-    at = stop + 1;
-    if (*stop == '\r' && at < end && *at == '\n') ++at;
-  }
+  spans_ = LineSpans(bytes_);
   lines_.resize(spans_.size());
 }
 
 std::string TextReader::ReadLine() { return NextLine(); }
+
+void TextReader::Skip(size_t count) {
+  if (count > spans_.size() - std::min(next_, spans_.size())) {
+    next_ = spans_.size();
+    NextView();  // past the end: the reader's own failure
+  }
+  next_ += count;
+}
 
 std::string_view TextReader::NextView() {
   if (next_ >= spans_.size()) {

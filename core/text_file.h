@@ -71,6 +71,8 @@ class TextReader {
   // The next line as a view into the file's bytes, for readers that take
   // a line apart at once; valid as long as the reader lives.
   std::string_view NextView();
+  // Passes over `count` lines, as reading them would.
+  void Skip(size_t count);
   // The next line with blanks removed at both ends.
   std::string ReadTrimmedLine() { return TrimBlanks(ReadLine()); }
   // Number of the line read last, from 1.

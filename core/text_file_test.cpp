@@ -128,6 +128,22 @@ TEST(FailurePolicy, ReadingPastTheEndIsReportedWithFileAndLine) {
   EXPECT_EQ(first + reader.ReadTrimmedLine(), "a\tb");
   EXPECT_TRUE(reader.AtEnd());
   EXPECT_EQ(reader.LineNumber(), 2);
+  // A CR or a LF alone ends a line too; passing over lines counts them.
+  WriteBytes(path, "a\rb\nc\r\n\r\nd");
+  TextReader lines(path);
+  lines.Skip(2);
+  EXPECT_EQ(lines.NextView(), "c");
+  EXPECT_EQ(lines.NextLine(), "");
+  EXPECT_EQ(lines.ReadLine(), "d");
+  lines.Rewind();
+  lines.Skip(1);
+  EXPECT_EQ(lines.NextLine(), "b");
+  try {
+    lines.Skip(4);
+    ADD_FAILURE() << "skipped past the end";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.UserText(), "Input past end of file\r" + path + ", line 6");
+  }
 }
 
 TEST(FileSystem, NamesThatWouldEscapeTheirFolder) {

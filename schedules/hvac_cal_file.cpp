@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -45,32 +47,96 @@ std::string TabField(const std::string& line, size_t n) {
   return n < fields.size() ? fields[n] : std::string();
 }
 
+// Copies the few characters of a cell in moves of known size, a cell being
+// most often no more than five characters long.
+void CopyShort(char* to, const char* from, size_t size) {
+  switch (size) {
+    case 0:
+      return;
+    case 1:
+      std::memcpy(to, from, 1);
+      return;
+    case 2:
+      std::memcpy(to, from, 2);
+      return;
+    case 3:
+      std::memcpy(to, from, 3);
+      return;
+    case 4:
+      std::memcpy(to, from, 4);
+      return;
+    case 5:
+      std::memcpy(to, from, 5);
+      return;
+    default:
+      std::memcpy(to, from, size);
+  }
+}
+
+// A cell's new text. A table keeps its room from the last file, and a text
+// of the same length is copied over in place.
+void CopyInto(std::string& cell, const char* text, size_t size) {
+  if (cell.size() == size) {
+    CopyShort(cell.data(), text, size);
+  } else {
+    cell.assign(text, size);
+  }
+}
+
+// Where the TABs of a line stand, up to `room` of them; returns how many.
+// A line is looked at eight characters at a time: the hour lines are the
+// bulk of the file and their fields are a few characters long.
+size_t FindTabs(std::string_view line, size_t* tabs, size_t room) {
+  size_t found = 0;
+  size_t at = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    constexpr uint64_t kOnes = 0x0101010101010101ULL;
+    constexpr uint64_t kHighs = 0x8080808080808080ULL;
+    for (; at + 8 <= line.size(); at += 8) {
+      uint64_t word;
+      std::memcpy(&word, line.data() + at, 8);
+      const uint64_t x = word ^ (kOnes * '\t');
+      // A high bit for each byte of x that is zero; exact for the lowest,
+      // and a borrow can only mark bytes above a true zero.
+      uint64_t zeros = (x - kOnes) & ~x & kHighs;
+      while (zeros) {
+        const size_t byte = static_cast<size_t>(std::countr_zero(zeros)) / 8;
+        if (line[at + byte] == '\t') {
+          if (found == room) return found;
+          tabs[found++] = at + byte;
+        }
+        zeros &= zeros - 1;
+      }
+    }
+  }
+  for (; at < line.size(); ++at) {
+    if (line[at] != '\t') continue;
+    if (found == room) return found;
+    tabs[found++] = at;
+  }
+  return found;
+}
+
 // One hour line: two hour fields, the eight loads, then one field per pair of
 // the present volumes. Cells keep their blanks; missing fields are empty.
 void ReadHourLine(std::string_view line, int pairs, std::string* row) {
-  const char* at = line.data();
-  const char* const end = at + line.size();
-  // Fields are short: a plain walk beats a search call per field.
-  auto next = [&at, end](std::string* cell) {
-    const char* start = at;
-    while (at < end && *at != '\t') ++at;
-    if (cell) {
-      // A table keeps its room from the last file: a text of the same
-      // length is copied over in place.
-      const size_t size = static_cast<size_t>(at - start);
-      if (cell->size() == size) {
-        std::memcpy(cell->data(), start, size);
-      } else {
-        cell->assign(start, size);
-      }
-    }
-    if (at < end) ++at;
+  constexpr size_t kRoom = kHourColumns + 2;
+  size_t tabs[kRoom];
+  const size_t count = FindTabs(line, tabs, kRoom);
+  // Field k runs from behind TAB k - 1 to TAB k (or the end of the line).
+  auto field = [&](size_t k) -> std::string_view {
+    if (k > count) return {};
+    const size_t from = k == 0 ? 0 : tabs[k - 1] + 1;
+    const size_t to = k < count ? tabs[k] : line.size();
+    return line.substr(from, to - from);
   };
-  next(nullptr);
-  next(nullptr);
-  for (int column = 0; column < kLoadColumns + pairs; ++column) next(&row[column]);
+  const int present = kLoadColumns + pairs;
+  for (int column = 0; column < present; ++column) {
+    std::string_view text = field(static_cast<size_t>(column) + 2);
+    CopyInto(row[column], text.data(), text.size());
+  }
   // The pairs of volumes the case no longer has are not read.
-  for (int column = kLoadColumns + pairs; column < kHourColumns; ++column) row[column].assign(" ");
+  for (int column = present; column < kHourColumns; ++column) row[column].assign(" ");
 }
 
 // One volume block. Without a store the block is only walked, so that a
@@ -97,7 +163,7 @@ void ReadVolumeBlock(TextReader& reader, int pairs, ScheduleStore* store, int sc
     }
     int hours = Within(reader, reader.NextLine(), 0, kHours);
     if (!store) {
-      for (int hour = 1; hour <= hours; ++hour) reader.NextView();
+      reader.Skip(static_cast<size_t>(hours));
       continue;
     }
     if (hours == 0) continue;
@@ -169,7 +235,9 @@ void RunDefaults(int volume_count, ScheduleStore& store) {
 void AppendHourLine(std::string& text, int hour, const std::string* row, bool as_held,
                     bool closing_tab) {
   const std::string label = std::to_string(hour);
-  std::array<std::pair<const char*, size_t>, kHourColumns> cells;
+  // Filled just below, cell by cell.
+  const char* starts[kHourColumns];
+  size_t sizes[kHourColumns];
   size_t length = 2 * label.size() + 1 + kHourColumns + 3;
   for (int column = 0; column < kHourColumns; ++column) {
     const std::string& cell = row ? row[column] : kNeverSetCell;
@@ -179,22 +247,23 @@ void AppendHourLine(std::string& text, int hour, const std::string* row, bool as
       while (size > 0 && *start == ' ') ++start, --size;
       while (size > 0 && start[size - 1] == ' ') --size;
     }
-    cells[column] = {start, size};
+    starts[column] = start;
+    sizes[column] = size;
     length += size;
   }
   size_t at = text.size();
   text.resize(at + length);
   char* out = text.data() + at;
   auto put = [&out](const char* from, size_t size) {
-    std::memcpy(out, from, size);
+    CopyShort(out, from, size);
     out += size;
   };
   put(label.data(), label.size());
   *out++ = '\t';
   put(label.data(), label.size());
-  for (const auto& [start, size] : cells) {
+  for (int column = 0; column < kHourColumns; ++column) {
     *out++ = '\t';
-    put(start, size);
+    put(starts[column], sizes[column]);
   }
   if (closing_tab) *out++ = '\t';
   *out++ = '\r';
