@@ -57,6 +57,19 @@ const std::string& Grid::Cell(int r, int c) const {
   return cells_[r][c];
 }
 
+int Grid::CellBackColor(int r, int c) const {
+  auto found = back_colors_.find({r, c});
+  return found == back_colors_.end() ? kDefaultColor : found->second;
+}
+
+void Grid::SetCellBackColor(int r, int c, int color) {
+  if (color == kDefaultColor) {
+    back_colors_.erase({r, c});
+  } else {
+    back_colors_[{r, c}] = color;
+  }
+}
+
 void Grid::AddRow(const std::string& tab_text) {
   cells_.emplace_back(cols_);
   if (tab_text.empty()) return;
@@ -69,6 +82,12 @@ void Grid::RemoveRow(int r) {
   if (r < 0 || r >= rows()) return;
   cells_.erase(cells_.begin() + r);
   if (row >= rows()) row = std::max(rows() - 1, 0);
+  // The colours go with their cells.
+  std::map<std::pair<int, int>, int> moved;
+  for (const auto& [cell, color] : back_colors_) {
+    if (cell.first != r) moved[{cell.first > r ? cell.first - 1 : cell.first, cell.second}] = color;
+  }
+  back_colors_ = std::move(moved);
 }
 
 Form::Form(std::string name) : name_(std::move(name)) {}

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -179,7 +180,11 @@ class Grid : public Control {
   int col_sel = 0;
   std::string tag;
   std::vector<int> col_widths;  // twips; 0 leaves it to the view
-  bool editable = false;        // cells take typed text
+  // The background of single cells, as CellBackColor sets it on the
+  // current cell; kDefaultColor where none was given.
+  int CellBackColor(int row, int col) const;
+  void SetCellBackColor(int row, int col, int color);
+  bool editable = false;  // cells take typed text
   // A cell changed by the user (the cell already holds the new text).
   std::function<void(int row, int col)> on_cell_changed;
   // A drag of the mouse over several cells has ended: `row`, `col` hold the
@@ -189,6 +194,7 @@ class Grid : public Control {
  private:
   std::vector<std::vector<std::string>> cells_;
   int cols_ = 0;
+  std::map<std::pair<int, int>, int> back_colors_;
 };
 
 // A screen model: a window with its controls.

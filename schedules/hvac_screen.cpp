@@ -13,6 +13,8 @@ namespace zelmo {
 
 namespace {
 
+constexpr int kFillHourColor = Rgb(238, 238, 224);
+
 constexpr int kHourRows = kHours + 1;
 const std::vector<int> kLoadWidths = {1200, 950, 1200, 900, 1300, 820, 900, 1300};
 
@@ -205,6 +207,8 @@ void HVAC::PrepareFill() {
   }
   HVACGRID1_Fill.SetRows(1);
   HVACGRID1_Fill.row = HVACGRID1_Fill.col = 0;
+  // The two hour cells stand out from the values to fill in.
+  for (int col : {0, 1}) HVACGRID1_Fill.SetCellBackColor(0, col, kFillHourColor);
 }
 
 void HVAC::ClearGrids() {

@@ -101,6 +101,8 @@ TEST(HVACView, ANewScheduleWithADailyPeriodFilledDownAndADoorOpened) {
   QApplication::sendEvent(fill->viewport(), &move);
   QTest::mouseRelease(fill->viewport(), Qt::LeftButton, {}, to);
   EXPECT_EQ(fill->currentColumn(), 8);
+  EXPECT_EQ(fill->item(0, 1)->background().color(), QColor(238, 238, 224));
+  EXPECT_FALSE(fill->item(0, 2)->data(Qt::BackgroundRole).isValid());
   EXPECT_EQ(fill->item(0, 8)->text(), "");
   QTest::mouseClick(dialog->findChild<QPushButton*>("Fill_Option"), Qt::LeftButton);
   auto* loads = dialog->findChild<QTableWidget*>("HVACGRID1");

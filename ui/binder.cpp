@@ -474,6 +474,14 @@ void Binder::SyncOne(Control* control, QObject* object) {
         } else if (item->text() != text) {
           item->setText(text);
         }
+        // A cell of its own colour; the others keep the grid's.
+        const int color = grid->CellBackColor(r, c);
+        if (color != kDefaultColor) {
+          if (item->background().color() != ColorOf(color)) item->setBackground(ColorOf(color));
+        } else if (item->data(Qt::BackgroundRole).isValid() &&
+                   !(r < grid->fixed_rows || c < grid->fixed_cols)) {
+          item->setData(Qt::BackgroundRole, QVariant());
+        }
       }
     }
     // The widths are the system's, made for its font; a caption in a fixed
