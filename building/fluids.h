@@ -6,12 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "building/surface_file.h"
+
 namespace zelmo {
 
 struct Workspace;
 
 inline constexpr const char* kFluidsFile = "FLUIDS.INP";
-inline constexpr int kMaxVolumes = 8;
 inline constexpr const char* kFluidAir = "1";
 
 struct FluidRow {

@@ -11,6 +11,8 @@ namespace zelmo {
 struct Workspace;
 
 inline constexpr int kMaxElements = 100;
+// Elements name volumes 1 to 8 on their sides.
+inline constexpr int kMaxVolumes = 8;
 inline constexpr int kSurfaceFields = 29;
 inline constexpr const char* kSurfaceFile = "SURFACE.INP";
 

@@ -1,8 +1,10 @@
 #include "core/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <string_view>
 
 #include "core/fields.h"
@@ -75,6 +77,27 @@ std::string NumTextDouble(double value) { return NumTextDigits(value, 15); }
 std::string FormatDecimals(double value, int decimals) {
   if (decimals < 0) decimals = 0;
   if (!std::isfinite(value)) value = 0.0;
+  // Whole numbers, most of what the module input holds, need no rounding.
+  if (std::fabs(value) < 1e15 && value == std::trunc(value)) {
+    const auto whole = static_cast<int64_t>(std::fabs(value));
+    std::string text = (value < 0 ? "-" : "") + std::to_string(whole) + ".";
+    text.append(static_cast<size_t>(decimals), '0');
+    return text;
+  }
+  // A value with no more places than asked for, such as 2.5 to two places,
+  // comes out of its scaled whole number: nothing lies near a half there.
+  constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+  if (decimals <= 9) {
+    const double scaled = value * kPowers[decimals];
+    const double nearest = std::nearbyint(scaled);
+    if (std::fabs(nearest) < 1e9 && std::fabs(scaled - nearest) < 1e-6) {
+      std::string digits = std::to_string(static_cast<int64_t>(std::fabs(nearest)));
+      const auto places = static_cast<size_t>(decimals);
+      if (digits.size() < places + 1) digits.insert(0, places + 1 - digits.size(), '0');
+      const size_t point = digits.size() - places;
+      return (nearest < 0 ? "-" : "") + digits.substr(0, point) + "." + digits.substr(point);
+    }
+  }
   // Round half away from zero on the value's fifteen significant digits, as
   // the runtime's Format does, so 2.5 gives "3." and 1.005 gives "1.01".
   std::array<char, 64> buffer{};
@@ -121,12 +144,19 @@ std::string FormatDecimals(double value, int decimals) {
 }
 
 std::string FormatFixed(const std::string& text, int decimals, int width) {
-  std::string formatted = FormatDecimals(Val(TrimBlanks(text)), decimals);
-  std::string padded = PadField(formatted, width, "H");
-  for (char& c : padded) {
-    if (c == ',') c = '.';
+  return FormatFixedValue(Val(TrimBlanks(text)), decimals, width);
+}
+
+std::string FormatFixedValue(double value, int decimals, int width) {
+  // Right-aligned in the width; a longer text loses its right end.
+  std::string text = FormatDecimals(value, decimals);
+  const auto room = static_cast<size_t>(std::max(width, 0));
+  if (text.size() >= room) {
+    text.resize(room);
+  } else {
+    text.insert(0, room - text.size(), ' ');
   }
-  return padded;
+  return text;
 }
 
 bool IsSignedNumberText(const std::string& text) {

@@ -22,6 +22,8 @@ std::string NumTextDouble(double value);
 // right-aligned in `width` (a longer result loses its right end), with a
 // point as the separator whatever the system's number format.
 std::string FormatFixed(const std::string& text, int decimals, int width);
+// The same for a value already computed.
+std::string FormatFixedValue(double value, int decimals, int width);
 // The formatted value alone, unpadded.
 std::string FormatDecimals(double value, int decimals);
 

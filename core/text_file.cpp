@@ -71,8 +71,11 @@ std::vector<std::string> SplitLines(const std::string& bytes) {
 }
 
 // The bytes reach the disk before the name moves, so a power cut leaves the
-// old file or the new one, never an empty one.
-bool WriteAndSync(const fs::path& temp, const std::string& bytes) {
+// old file or the new one, never an empty one. A file made again from the
+// others at every use need not outlive a power cut: it goes only as far as
+// the system's cache (`durable` false), and the rename still shows the old
+// file or the new one to every reader.
+bool WriteAndSync(const fs::path& temp, const std::string& bytes, bool durable) {
 #ifdef _WIN32
   FILE* file = _wfopen(temp.c_str(), L"wb");
 #else
@@ -81,11 +84,13 @@ bool WriteAndSync(const fs::path& temp, const std::string& bytes) {
   if (!file) return false;
   bool written =
       std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() && std::fflush(file) == 0;
+  if (durable) {
 #ifdef _WIN32
-  written = written && _commit(_fileno(file)) == 0;
+    written = written && _commit(_fileno(file)) == 0;
 #else
-  written = written && fsync(fileno(file)) == 0;
+    written = written && fsync(fileno(file)) == 0;
 #endif
+  }
   return std::fclose(file) == 0 && written;
 }
 
@@ -97,10 +102,11 @@ bool ReadOnlyFile(const fs::path& target) {
   return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
 }
 
-bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes) {
+bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes,
+                  bool durable = true) {
   if (ReadOnlyFile(target)) return false;
   std::error_code ignored;
-  if (!WriteAndSync(temp, bytes)) {
+  if (!WriteAndSync(temp, bytes, durable)) {
     fs::remove(temp, ignored);
     return false;
   }
@@ -113,6 +119,7 @@ bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::strin
   }
 #ifndef _WIN32
   // The new name is on disk too.
+  if (!durable) return true;
   if (int folder = open(target.parent_path().empty() ? "." : target.parent_path().c_str(),
                         O_RDONLY | O_DIRECTORY);
       folder >= 0) {
@@ -360,6 +367,11 @@ std::string TemporaryOf(const std::string& path) {
 bool WriteAllBytes(const std::string& path, const std::string& bytes) {
   fs::path target = ResolvePath(ToFsPath(path));
   return WriteBytesTo(target, TemporaryPath(target), bytes);
+}
+
+bool WriteDerivedBytes(const std::string& path, const std::string& bytes) {
+  fs::path target = ResolvePath(ToFsPath(path));
+  return WriteBytesTo(target, TemporaryPath(target), bytes, false);
 }
 
 namespace {

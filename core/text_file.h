@@ -100,6 +100,10 @@ class TextReader {
 bool WriteAllLines(const std::string& path, const std::vector<std::string>& lines);
 // Writes the bytes exactly as given, as the whole file.
 bool WriteAllBytes(const std::string& path, const std::string& bytes);
+// The same for a file made again from the others whenever it is used (the
+// input of the calculation modules): replaced in one step like every file,
+// but not forced to the disk, as a power cut costs only its next remaking.
+bool WriteDerivedBytes(const std::string& path, const std::string& bytes);
 // The file beside `path` that a whole-file write fills before it is renamed
 // over `path`. Each process has its own, so that processes writing the same
 // file at once (cases run side by side all write the project's window

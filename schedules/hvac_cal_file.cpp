@@ -175,8 +175,10 @@ void ReadVolumeBlock(TextReader& reader, int pairs, ScheduleStore* store, int sc
   }
 }
 
-// The whole walk; with a store, its values are set on the way.
-void WalkHvacCal(TextReader& reader, int volume_count, bool every_block, ScheduleStore* store) {
+// The whole walk; with a store, its values are set on the way. A run fills
+// only the periods of the schedule it delivers (`for_run`).
+void WalkHvacCal(TextReader& reader, int volume_count, bool every_block, ScheduleStore* store,
+                 bool for_run = false) {
   const std::string& settings = reader.NextLine();
   bool ild = Within(reader, TabField(settings, 0), 0, 1, kBadFlag) == 1;
   bool heat_exchanger = Within(reader, TabField(settings, 1), 0, 1, kBadFlag) == 1;
@@ -202,11 +204,13 @@ void WalkHvacCal(TextReader& reader, int volume_count, bool every_block, Schedul
   }
   if (schedules == 0 && !every_block) return;
   const int pairs = PairCount(std::min(volume_count, kMaxVolumes));
+  const int delivered = std::max(current, 1);
   for (int schedule = 1; schedule <= kMaxSchedules; ++schedule) {
     std::string name = TrimBlanks(reader.NextLine());
     if (store) store->ScheduleName(schedule) = name;
+    ScheduleStore* into = for_run && schedule != delivered ? nullptr : store;
     for (int volume = 1; volume <= kMaxVolumes; ++volume) {
-      ReadVolumeBlock(reader, pairs, store, schedule, volume);
+      ReadVolumeBlock(reader, pairs, into, schedule, volume);
     }
   }
 }
@@ -294,13 +298,14 @@ int CaseVolumeCount(const Workspace& ws) {
   return static_cast<int>(BuildVolumeList(ReadSurfaceVolumes(ws)).size());
 }
 
-void ReadHvacCalFrom(TextReader& reader, int volume_count, bool every_block, ScheduleStore& store) {
+void ReadHvacCalFrom(TextReader& reader, int volume_count, bool every_block, ScheduleStore& store,
+                     bool for_run) {
   // The file is walked twice: first for its shape, then into the store, so
   // a damaged file leaves the store as it was and a sound one fills it in
   // place, in the tables it already has.
   WalkHvacCal(reader, volume_count, every_block, nullptr);
   reader.Rewind();
-  WalkHvacCal(reader, volume_count, every_block, &store);
+  WalkHvacCal(reader, volume_count, every_block, &store, for_run);
 }
 
 void ReadHvacCal(const Workspace& ws, int volume_count, ScheduleStore& store) {
@@ -321,7 +326,7 @@ void ReadHvacCalForRun(const Workspace& ws, int volume_count, ScheduleStore& sto
     return;
   }
   TextReader reader(path);
-  ReadHvacCalFrom(reader, volume_count, true, store);
+  ReadHvacCalFrom(reader, volume_count, true, store, true);
 }
 
 void DefaultBlankEfficiency(ScheduleStore& store) {

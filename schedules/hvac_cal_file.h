@@ -44,11 +44,14 @@ void ReadHvacCal(const Workspace& ws, int volume_count, ScheduleStore& store);
 // The reading of a run: all 32 blocks are walked whatever ScheduleCount says,
 // and a missing file gives one calendar, schedule 1 named "Default_Schedule-1 "
 // with Weekend/Weekday periods "1/1"-"30/6" and "1/7"-"31/12" for every
-// volume, no heat exchanger and the efficiency "85".
+// volume, no heat exchanger and the efficiency "85". Of a file, only the
+// schedule a run delivers (the current one, or 1) gets its periods; the
+// others keep their names alone.
 void ReadHvacCalForRun(const Workspace& ws, int volume_count, ScheduleStore& store);
 
 // The walk of both readers over lines already read.
-void ReadHvacCalFrom(TextReader& reader, int volume_count, bool every_block, ScheduleStore& store);
+void ReadHvacCalFrom(TextReader& reader, int volume_count, bool every_block, ScheduleStore& store,
+                     bool for_run = false);
 
 // A blank efficiency is "85" from the moment the file is written.
 void DefaultBlankEfficiency(ScheduleStore& store);

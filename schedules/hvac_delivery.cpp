@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "core/fields.h"
 #include "core/numbers.h"
@@ -27,9 +28,13 @@ std::string MonthDates(const std::string& start_month, const std::string& end_mo
   return std::string("01") + kTab + start + kTab + std::to_string(last) + kTab + end;
 }
 
-std::string Delivered(const std::string& cell, int column) {
-  std::string text = TrimBlanks(cell);
-  return text.empty() ? DeliveredBlank(column) : text;
+// A cell as delivered: its text without blanks, or what an empty cell of its
+// column stands for.
+void AppendDelivered(std::string& line, const std::string* cell, int column) {
+  std::string_view text = cell ? std::string_view(*cell) : std::string_view();
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  line.append(text.empty() ? std::string_view(DeliveredBlank(column)) : text);
 }
 
 void AppendPeriod(std::vector<std::string>& lines, const ScheduleStore& store, int schedule,
@@ -37,18 +42,22 @@ void AppendPeriod(std::vector<std::string>& lines, const ScheduleStore& store, i
   lines.push_back(std::move(dates));
   lines.push_back(std::to_string(kHours));
   const int volumes = std::min(store.VolumeCount, kMaxVolumes);
+  // A period whose cells were never set delivers blanks throughout.
+  const std::vector<std::string>* cells = store.PeriodCells(schedule, volume, slot);
   for (int hour = 1; hour <= kHours; ++hour) {
+    const std::string* row = cells ? &(*cells)[(hour - 1) * kHourColumns] : nullptr;
     std::string line = std::to_string(hour) + kTab + std::to_string(hour) + kTab;
+    line.reserve(256);
     for (int column = 1; column <= kLoadColumns; ++column) {
-      line += Delivered(store.HourCell(schedule, volume, slot, hour, column), column) + kTab;
+      AppendDelivered(line, row ? &row[column - 1] : nullptr, column);
+      line += '\t';
     }
     // The modules take the openings of all 28 pairs of eight volumes.
     for (int a = 1; a < kMaxVolumes; ++a) {
       for (int b = a + 1; b <= kMaxVolumes; ++b) {
-        int column = PairColumn(a, b, volumes);
-        bool held = b <= volumes;
-        line += Delivered(held ? store.HourCell(schedule, volume, slot, hour, column) : "",
-                          kLoadColumns + 1);
+        bool held = row && b <= volumes;
+        AppendDelivered(line, held ? &row[PairColumn(a, b, volumes) - 1] : nullptr,
+                        kLoadColumns + 1);
         line += a == kMaxVolumes - 1 ? "\t" : "\t\t";
       }
     }

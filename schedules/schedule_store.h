@@ -10,10 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "building/surface_file.h"
+
 namespace zelmo {
 
 inline constexpr int kMaxSchedules = 4;
-inline constexpr int kMaxVolumes = 8;
 inline constexpr int kPeriodSlots = 12;
 // Daily and Monthly periods each; Weekend/Weekday always has its two.
 inline constexpr int kMaxPeriods = 5;

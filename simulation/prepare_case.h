@@ -14,8 +14,10 @@ struct Workspace;
 void WriteDat1(const Workspace& ws);
 
 // Writes DAT1.DAT to DAT4.DAT of the current case, deleting a leftover
-// FORCEVEN.INP of a case with one volume first. A damaged data file or a
-// write that fails throws FileError; the DAT files already written stand.
+// FORCEVEN.INP of a case with one volume first. Every file is read before
+// the first is written: a damaged data file throws FileError naming it and
+// its line, and no DAT file changes. A write that fails throws FileError;
+// the DAT files written before it stand.
 void PrepareCase(const Workspace& ws);
 
 }  // namespace zelmo
