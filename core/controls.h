@@ -179,7 +179,8 @@ class Grid : public Control {
   int row_sel = 0;  // the other corner of the selection
   int col_sel = 0;
   std::string tag;
-  std::vector<int> col_widths;  // twips; 0 leaves it to the view
+  std::vector<int> col_widths;     // twips; 0 leaves it to the view; below 15 hides
+  std::vector<bool> col_centered;  // columns whose cells are centred
   // The background of single cells, as CellBackColor sets it on the
   // current cell; kDefaultColor where none was given.
   int CellBackColor(int row, int col) const;

@@ -53,10 +53,12 @@ void CancelAskingToSave(Form& form, Dialogs& dialogs, bool dirty, const std::str
 void FillCaseList(const Workspace& ws, Control& list) {
   auto lines = ReadAllLines(JoinPath(ws.ProjectPath, "CASES.LIB"));
   if (!lines) return;
-  for (const auto& raw : *lines) {
-    std::string line = TrimBlanks(raw);
-    list.AddItem(ToLower(FieldBefore(line, " -")) + " - " + FieldAfter(line, " - "));
-  }
+  for (const auto& raw : *lines) list.AddItem(CaseListItem(raw));
+}
+
+std::string CaseListItem(const std::string& cases_line) {
+  std::string line = TrimBlanks(cases_line);
+  return ToLower(FieldBefore(line, " -")) + " - " + FieldAfter(line, " - ");
 }
 
 void ClearElementRow(std::vector<std::string>& fields) {

@@ -32,6 +32,8 @@ void CancelAskingToSave(Form& form, Dialogs& dialogs, bool dirty, const std::str
 
 // One item per line of CASES.LIB: the name in lower case, " - ", the headline.
 void FillCaseList(const Workspace& ws, Control& list);
+// A line of CASES.LIB as the lists show it: "<lower name> - <headline>".
+std::string CaseListItem(const std::string& cases_line);
 
 // Blanks the 29 fields of an element, numbered from 1 as in the element
 // table (position 0 unused), and puts "0" into its shape and its three

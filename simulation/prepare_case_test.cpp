@@ -74,7 +74,7 @@ TEST(PrepareCase, TheExampleCaseGivesTheFourFilesByteForByte) {
   Workspace ws;
   ws.ProjectPath = dir / "Example";
   ws.CasePath = dir / "Example/Case1";
-  ws.CaseHeadline = "case1 - Office room in Stockholm";
+  ws.CaseHeadline = "Office room in Stockholm";
   ws.AccuracyLevelTL = "2";
   PrepareCase(ws);
   for (const char* name : {"DAT1.DAT", "DAT2.DAT", "DAT3.DAT", "DAT4.DAT"}) {

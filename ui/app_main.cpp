@@ -5,11 +5,11 @@
 #include <QScreen>
 
 #include "core/session.h"
+#include "platform/qt_process.h"
+#include "platform/qt_settings.h"
 #include "ui/commands.h"
 #include "ui/qt_desktop.h"
 #include "ui/qt_dialogs.h"
-#include "ui/qt_process.h"
-#include "ui/qt_settings.h"
 #include "ui/qt_text.h"
 #include "ui/start_window.h"
 #include "ui/views.h"
@@ -23,13 +23,13 @@ int RunProgram(QApplication& app) {
   Session session;
   QtDialogs dialogs(session);
   session.dialogs = &dialogs;
-  QtSettings settings;
+  platform::QtSettings settings;
   session.settings = &settings;
   QtDesktop desktop;
   session.desktop = &desktop;
   // The process runner: the calculation modules and the result programs
   // start through this port.
-  QtProcessRunner processes;
+  platform::QtProcessRunner processes;
   session.processes = &processes;
 
   if (QScreen* screen = QGuiApplication::primaryScreen()) {

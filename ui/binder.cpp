@@ -470,6 +470,9 @@ void Binder::SyncOne(Control* control, QObject* object) {
           if (grid->editable && !fixed) flags |= Qt::ItemIsEditable;
           item->setFlags(flags);
           if (fixed) item->setBackground(table->palette().button());
+          if (c < static_cast<int>(grid->col_centered.size()) && grid->col_centered[c]) {
+            item->setTextAlignment(Qt::AlignCenter);
+          }
           table->setItem(r, c, item);
         } else if (item->text() != text) {
           item->setText(text);
@@ -489,6 +492,10 @@ void Binder::SyncOne(Control* control, QObject* object) {
     const QFontMetrics metrics(table->font());
     for (int c = 0; c < grid->cols() && c < static_cast<int>(grid->col_widths.size()); ++c) {
       if (grid->col_widths[c] <= 0) continue;
+      // Narrower than a pixel: a column for the program's own use.
+      const bool hidden = Px(grid->col_widths[c]) == 0;
+      if (table->isColumnHidden(c) != hidden) table->setColumnHidden(c, hidden);
+      if (hidden) continue;
       int width = Px(grid->col_widths[c]);
       for (int r = 0; r < grid->rows(); ++r) {
         if (r >= grid->fixed_rows && c >= grid->fixed_cols) continue;

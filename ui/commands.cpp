@@ -18,6 +18,7 @@
 #include "schedules/hvac_screen.h"
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
+#include "simulation/therm_load_screen.h"
 #include "site/move_climatic_files.h"
 #include "site/site_screen.h"
 #include "workspace/demo.h"
@@ -90,6 +91,7 @@ void WireCommands(StartForm& main) {
   main.M_FluidAdvConn.on_click = Opens<FluidAdv>(main);
   // Simulation
   main.M_Output.on_click = Opens<Out_put>(main);
+  main.M_ThermalLoads.on_click = Opens<ThermLoad>(main);
   // Results
   main.M_Textfiles.on_click = [&main] {
     Results results(main.session());

@@ -6,10 +6,10 @@
 #include "core/session.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
+#include "platform/qt_process.h"
+#include "platform/qt_settings.h"
 #include "simulation/modules.h"
 #include "ui/qt_desktop.h"
-#include "ui/qt_process.h"
-#include "ui/qt_settings.h"
 #include "ui/qt_text.h"
 #include "ui/test_support.h"
 
@@ -21,12 +21,12 @@ TEST(QtSettings, KeysUnderApplicationAndSectionKeepTheirText) {
   testing::TempDir dir;
   QString file = Q(dir / "settings.ini");
   {
-    QtSettings store(file);
+    platform::QtSettings store(file);
     EXPECT_EQ(store.Get("Zelmo-QRN", "Project", "LocalPath", "fallback"), "fallback");
     store.Save("Zelmo-QRN", "Project", "LocalPath", Cp1252FromUtf8("/srv/Zelmo Data/Malmö"));
     store.Save("Zelmo-QRN", "Project", "AccuracyLevelTL", "2-New coeff. each timestep");
   }
-  QtSettings again(file);
+  platform::QtSettings again(file);
   EXPECT_EQ(again.Get("Zelmo-QRN", "Project", "LocalPath", ""),
             Cp1252FromUtf8("/srv/Zelmo Data/Malmö"));
   EXPECT_EQ(again.Get("Zelmo-QRN", "Project", "AccuracyLevelTL", ""), "2-New coeff. each timestep");
@@ -73,7 +73,7 @@ struct ModuleRun {
   std::string CaseFile(const std::string& name) { return JoinPath(session.ws.CasePath, name); }
 
   TempDir dir;
-  QtProcessRunner runner;
+  platform::QtProcessRunner runner;
   Session session;
 };
 

@@ -1,14 +1,15 @@
-// Conversion between the program's single-byte text and Qt's Unicode. It
-// happens here and nowhere else.
+// Text for the screens: the program's single-byte text as Qt shows it.
 #pragma once
 
 #include <QString>
 #include <string>
 
+#include "platform/qt_text.h"
+
 namespace zelmo::ui {
 
-QString Q(const std::string& cp1252);
-std::string S(const QString& text);
+using platform::Q;
+using platform::S;
 // Text for the screen: a CR (with or without LF) is a line break.
 QString Shown(const std::string& cp1252);
 // A window's title for the screen. A window manager shows the program's name

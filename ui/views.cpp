@@ -34,6 +34,7 @@ void RegisterAllViews() {
   RegisterView("Support", BuildSupport);
   RegisterView("Site", BuildSite);
   RegisterView("GenPars", BuildGenPars);
+  RegisterView("ThermLoad", BuildThermLoad);
   RegisterView("MoveClimaticFiles", BuildMoveClimaticFiles);
   RegisterView("NewProject", BuildNewProject);
   RegisterView("OpenProject", BuildOpenProject);

@@ -25,6 +25,7 @@ void RegisterAllViews();
 // The views, one per screen.
 void BuildInpBox(Form& form, QDialog& dialog, Session& session);
 void BuildResults(Form& form, QDialog& dialog, Session& session);
+void BuildThermLoad(Form& form, QDialog& dialog, Session& session);
 void BuildErrform(Form& form, QDialog& dialog, Session& session);
 void BuildFluidAdv(Form& form, QDialog& dialog, Session& session);
 void BuildForceVent(Form& form, QDialog& dialog, Session& session);

@@ -119,6 +119,16 @@ void AdoptUserDataFolder(Session& session, StartForm& main, const std::string& d
 
 }  // namespace
 
+void ReadStoredSettings(SettingsStore& store, Workspace& ws) {
+  ws.SystemPath = CutSettingsPath(store.Get(kSettingsApplication, kSettingsSection, kKeySystemPath,
+                                            DefaultSystemPath(ws.ProgramDirectory)));
+  ws.LocalPath = CutSettingsPath(
+      store.Get(kSettingsApplication, kSettingsSection, kKeyLocalPath, DefaultLocalPath()));
+  // The stored accuracy is not read back: every start calculates with a new
+  // coefficient each timestep.
+  ws.AccuracyLevelTL = "2";
+}
+
 void StartUp(Session& session, StartForm& main, const std::string& given_program_path) {
   Workspace& ws = session.ws;
   // The folders taken from the program's own path are shown and stored with
@@ -139,15 +149,8 @@ void StartUp(Session& session, StartForm& main, const std::string& given_program
   main.LblVersion.visible = false;
   ws.DecimalComma = SystemDecimalComma();
 
-  SettingsStore& store = *session.settings;
-  ws.SystemPath = CutSettingsPath(store.Get(kSettingsApplication, kSettingsSection, kKeySystemPath,
-                                            DefaultSystemPath(ws.ProgramDirectory)));
-  ws.LocalPath = CutSettingsPath(
-      store.Get(kSettingsApplication, kSettingsSection, kKeyLocalPath, DefaultLocalPath()));
+  ReadStoredSettings(*session.settings, ws);
   DeriveDirectories(ws, true);
-  // The stored accuracy is not read back: every start calculates with a new
-  // coefficient each timestep.
-  ws.AccuracyLevelTL = "2";
 
   CenterForm(main, ws);
   main.RefreshCommandState();

@@ -7,6 +7,7 @@
 namespace zelmo {
 
 class StartForm;
+class SettingsStore;
 struct Session;
 struct Workspace;
 
@@ -64,6 +65,10 @@ bool SystemDecimalComma();
 
 // True when a folder can be made current: it exists and is a full path.
 bool CanChangeToFolder(const std::string& path);
+
+// The paths and the accuracy level as the program takes them from the
+// settings store, the program's folder (`ProgramDirectory`) already known.
+void ReadStoredSettings(SettingsStore& store, Workspace& ws);
 
 // The main window's start, given the path of the running program: settings,
 // the first-start adoption, the derived directories and the command state.

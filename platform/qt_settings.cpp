@@ -1,11 +1,11 @@
-#include "ui/qt_settings.h"
+#include "platform/qt_settings.h"
 
 #include <QSettings>
 #include <memory>
 
-#include "ui/qt_text.h"
+#include "platform/qt_text.h"
 
-namespace zelmo::ui {
+namespace zelmo::platform {
 
 namespace {
 
@@ -36,4 +36,4 @@ void QtSettings::Save(const std::string& application, const std::string& section
   store->sync();
 }
 
-}  // namespace zelmo::ui
+}  // namespace zelmo::platform

@@ -1,15 +1,15 @@
-#include "ui/qt_process.h"
+#include "platform/qt_process.h"
 
 #include <QProcess>
 #include <QStringList>
 
-#include "ui/qt_text.h"
+#include "platform/qt_text.h"
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
 
-namespace zelmo::ui {
+namespace zelmo::platform {
 
 void QtProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
                           int window_mode) {
@@ -39,4 +39,4 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
   process.waitForFinished(-1);
 }
 
-}  // namespace zelmo::ui
+}  // namespace zelmo::platform

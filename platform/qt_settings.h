@@ -6,7 +6,7 @@
 
 #include "core/ports.h"
 
-namespace zelmo::ui {
+namespace zelmo::platform {
 
 class QtSettings : public SettingsStore {
  public:
@@ -25,4 +25,4 @@ class QtSettings : public SettingsStore {
   QString ini_file_;
 };
 
-}  // namespace zelmo::ui
+}  // namespace zelmo::platform

@@ -5,7 +5,7 @@
 
 #include "core/ports.h"
 
-namespace zelmo::ui {
+namespace zelmo::platform {
 
 class QtProcessRunner : public ProcessRunner {
  public:
@@ -17,4 +17,4 @@ class QtProcessRunner : public ProcessRunner {
            int window_mode) override;
 };
 
-}  // namespace zelmo::ui
+}  // namespace zelmo::platform

@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "core/file_system.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "platform/qt_process.h"
+
+namespace zelmo::cli {
+namespace {
+
+using testing::ReadBytes;
+using testing::WriteBytes;
+
+// A copy of the example project with its libraries in place, run with the
+// staged stand-in modules: the settings point at the staged program tree.
+struct ExampleRun {
+  ExampleRun() {
+    CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ/Example",
+                   dir / "Example");
+    for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
+      RenamePath(dir / "Example/" + name + "_Temp", dir / "Example/" + name);
+    }
+    settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_DIST_DIR");
+  }
+  int Run(const std::vector<std::string>& args) {
+    out.str("");
+    err.str("");
+    return RunCommandLine(args, dir / "bin/zelmo", settings, processes, out, err);
+  }
+  std::string Case(const std::string& name) { return ReadBytes(dir / "Example/Case1/" + name); }
+  testing::TempDir dir;
+  testing::FakeSettings settings;
+  platform::QtProcessRunner processes;
+  std::ostringstream out, err;
+};
+
+TEST(CommandLine, RunsTheExampleThroughTheStandInsAndCommitsTheFlags) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  ASSERT_EQ(r.Run({"run", project, "case1"}), kExitOk) << r.err.str();
+  std::string lines;
+  for (const char* m : {"PLOR", "NEB", "CORV", "FENT", "DANE", "MUK"}) {
+    lines += std::string("case1: ") + m + " started\ncase1: " + m + " ended\n";
+  }
+  EXPECT_EQ(r.out.str(), lines);
+  EXPECT_EQ(r.Case("THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(r.Case("DAT1.DAT"), ReadBytes(std::string(std::getenv("ZELMO_SOURCE_DIR")) +
+                                          "/simulation/testdata/Case1/DAT1.DAT"));
+  EXPECT_FALSE(ReadBytes(r.dir / "Example/Wndw.Lib").empty());
+
+  // A module made to fail: the later ones do not run and no flag is
+  // committed.
+  WriteBytes(r.dir / "Example/Case1/THERMAL.INP", "XXXXXX\r\n");
+  WriteBytes(r.dir / "Example/Case1/STANDIN.INP", "NEB ERROR 5\r\n");
+  EXPECT_EQ(r.Run({"run", project, "CASE1", "--modules", "plor,neb,corv"}), kExitFailed);
+  EXPECT_EQ(r.out.str(),
+            "case1: PLOR started\ncase1: PLOR ended\ncase1: NEB started\n"
+            "case1: NEB failed\n");
+  EXPECT_EQ(r.Case("THERMAL.INP"), "XXXXXX\r\n");
+
+  // Prepare writes the module input and runs nothing.
+  DeleteFile(r.dir / "Example/Case1/DAT4.DAT");
+  EXPECT_EQ(r.Run({"prepare", project, "case1"}), kExitOk);
+  EXPECT_EQ(r.out.str(), "");
+  EXPECT_FALSE(r.Case("DAT4.DAT").empty());
+  EXPECT_EQ(r.Run({"list-cases", project}), kExitOk);
+  EXPECT_EQ(r.out.str(), "case1\n");
+}
+
+TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  const struct {
+    std::vector<std::string> args;
+    int status;
+    std::string err;
+  } rows[] = {
+      {{}, kExitUsage, "zelmo: no command (zelmo --help lists the commands)\n"},
+      {{"simulate"},
+       kExitUsage,
+       "zelmo: unknown command simulate (zelmo --help lists the commands)\n"},
+      {{"run", project},
+       kExitUsage,
+       "zelmo: give a project folder and a case (zelmo --help lists the commands)\n"},
+      {{"run", project, "case1", "--modules", "PLOR,XYZ"},
+       kExitUsage,
+       "zelmo: unknown module in PLOR,XYZ (zelmo --help lists the commands)\n"},
+      {{"prepare", project, "case1", "--fast"},
+       kExitUsage,
+       "zelmo: unknown option --fast (zelmo --help lists the commands)\n"},
+      {{"run", r.dir / "Nothing", "case1"},
+       kExitUsage,
+       "zelmo: no project folder " + r.dir / "Nothing" + "\n"},
+      {{"run", project, "case9"},
+       kExitUsage,
+       "zelmo: case case9 is not in " + JoinPath(project, "CASES.LIB") + "\n"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(r.Run(row.args), row.status);
+    EXPECT_EQ(r.err.str(), row.err);
+  }
+  // A case folder gone, and a window type without panes.
+  RenamePath(project + "/Case1", project + "/Gone");
+  EXPECT_EQ(r.Run({"prepare", project, "case1"}), kExitUsage);
+  EXPECT_EQ(r.err.str(), "zelmo: no case folder " + JoinPath(project, "case1") + "\n");
+  RenamePath(project + "/Gone", project + "/Case1");
+  WriteBytes(project + "/WNDTP.LIB", "1\tEmpty\t0\r\n");
+  EXPECT_EQ(r.Run({"run", project, "case1"}), kExitFailed);
+  EXPECT_EQ(r.err.str(), "ThermLoad - Calculation: Some error in window library \n");
+  EXPECT_EQ(r.Run({"--help"}), kExitOk);
+  EXPECT_NE(r.out.str().find("zelmo run <project folder> <case> [--modules"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zelmo::cli

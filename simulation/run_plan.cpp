@@ -1,0 +1,170 @@
+#include "simulation/run_plan.h"
+
+#include "building/surface_file.h"
+#include "building/volumes.h"
+#include "core/dialogs.h"
+#include "core/fields.h"
+#include "core/file_system.h"
+#include "core/form_helpers.h"
+#include "core/session.h"
+#include "core/stale.h"
+#include "core/text_file.h"
+#include "libraries/window_library_export.h"
+#include "simulation/module_error.h"
+#include "simulation/modules.h"
+#include "simulation/prepare_case.h"
+#include "workspace/case_store.h"
+
+namespace zelmo {
+
+namespace {
+
+bool Ticked(const Grid& grid, int row, int col) {
+  return TrimBlanks(grid.Cell(row, col)) == kWanted;
+}
+
+// The folder of a row's case. A row without a plain name would reach the
+// project's folder or one above it: its register line is damaged.
+std::string RowCasePath(const Workspace& ws, const Grid& grid, int row) {
+  const std::string name = RowCaseName(grid.Cell(row, kCaseColumn));
+  if (!IsPlainFolderName(name)) {
+    throw FileError(CasesFilePath(ws), row, "The line names no case folder");
+  }
+  return FolderOnDisk(JoinPath(ws.ProjectPath, name));
+}
+
+}  // namespace
+
+std::string RowCaseName(const std::string& row_text) {
+  return TrimBlanks(FieldBefore(row_text, " - "));
+}
+
+std::string RowHeadline(const std::string& row_text) {
+  return TrimBlanks(FieldAfter(row_text, " - "));
+}
+
+void SetUpRunGrid(Grid& grid) {
+  grid.SetCols(kLastModuleColumn + 1);
+  grid.SetRows(1);
+  grid.fixed_rows = 1;
+  grid.fixed_cols = 0;
+  grid.Cell(0, kCaseColumn) = "Case";
+  grid.Cell(0, kPrepareColumn) = "Prepare";
+  grid.Cell(0, kIncludeColumn) = "Include case";
+  grid.col_widths = {3000, 1, 1300};
+  grid.col_centered.assign(kFirstModuleColumn, false);
+  for (int m = 0; m < kModuleCount; ++m) {
+    grid.col_centered.push_back(true);
+    grid.Cell(0, kFirstModuleColumn + m) = kModuleHeaders[m];
+    grid.col_widths.push_back(510);
+  }
+}
+
+bool AddCaseRows(const Workspace& ws, Grid& grid) {
+  auto lines = ReadAllLines(CasesFilePath(ws));
+  if (!lines) return false;
+  for (const auto& line : *lines) {
+    grid.AddRow();
+    grid.Cell(grid.rows() - 1, kCaseColumn) = CaseListItem(line);
+  }
+  return true;
+}
+
+void FillTicks(Grid& grid) {
+  for (int row = 1; row < grid.rows(); ++row) {
+    for (int col = kIncludeColumn; col <= kLastModuleColumn; ++col) grid.Cell(row, col) = kWanted;
+  }
+}
+
+void ClearTicks(Grid& grid) {
+  for (int row = 1; row < grid.rows(); ++row) {
+    for (int col = kIncludeColumn; col <= kLastModuleColumn; ++col) grid.Cell(row, col).clear();
+  }
+}
+
+RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>& cell_changed) {
+  Workspace& ws = session.ws;
+  Dialogs& dialogs = *session.dialogs;
+  auto set_cell = [&](int row, int col, const char* text) {
+    grid.Cell(row, col) = text;
+    if (cell_changed) cell_changed(row, col);
+  };
+  if (!FileCanOpen(CasesFilePath(ws))) {
+    dialogs.MsgBox(kProjectEmpty, mb::kExclamation, kRunTitle);
+    return RunEnd::kEmptyProject;
+  }
+  if (!WriteWindowLibrary(ws)) {
+    dialogs.MsgBox(kWindowLibraryFault, mb::kExclamation, kRunTitle);
+    return RunEnd::kLibraryFault;
+  }
+  const std::string name = ws.CaseName, headline = ws.CaseHeadline, path = ws.CasePath;
+  for (int row = 1; row < grid.rows(); ++row) {
+    const bool prepare = Ticked(grid, row, kPrepareColumn);
+    const bool include = Ticked(grid, row, kIncludeColumn);
+    if (!prepare && !include) continue;
+    ws.CasePath = RowCasePath(ws, grid, row);
+    ws.CaseName = RowCaseName(grid.Cell(row, kCaseColumn));
+    ws.CaseHeadline = RowHeadline(grid.Cell(row, kCaseColumn));
+    if (prepare) PrepareCase(ws);
+    if (BuildVolumeList(ReadSurfaceVolumes(ws)).empty()) {
+      dialogs.MsgBox("There are no volumes for case : " + ws.CasePath, mb::kExclamation, kRunTitle);
+      continue;
+    }
+    if (!include) continue;
+    PrepareCase(ws);
+    if (!InitStatusFile(ws)) FailWrite(JoinPath(ws.CasePath, kStatusFile));
+    for (int m = 0; m < kModuleCount; ++m) {
+      const int col = kFirstModuleColumn + m;
+      if (!Ticked(grid, row, col)) continue;
+      int code = 0;
+      std::string module, text;
+      double number = 0;
+      // A module is started only on the good word of the one before.
+      if (!ReadStatusFile(ws, code, module, text, number)) {
+        dialogs.MsgBox("Some problem has occurred in Module : " + module + "\r\n Module " +
+                           kModuleNames[m] + " will not be run !",
+                       mb::kExclamation, "Problems");
+        set_cell(row, col, kSkipped);
+        continue;
+      }
+      set_cell(row, col, kRunning);
+      RunModule(session, kModulePrograms[m]);
+      if (ReadStatusFile(ws, code, module, text, number)) {
+        set_cell(row, col, kEnded);
+        continue;
+      }
+      // The run ends with the failing case current and its cell red.
+      grid.row = row;
+      grid.col = col;
+      grid.SetCellBackColor(row, col, kFailedColor);
+      set_cell(row, col, kFailed);
+      ShowModuleError(session, code, text, 1);
+      ClearTicks(grid);
+      if (cell_changed) cell_changed(row, col);
+      return RunEnd::kModuleFailed;
+    }
+  }
+  ws.CaseName = name;
+  ws.CaseHeadline = headline;
+  ws.CasePath = path;
+  return RunEnd::kCompleted;
+}
+
+void CommitModuleFlags(const Workspace& ws, const Grid& grid) {
+  for (int row = 1; row < grid.rows(); ++row) {
+    if (!Ticked(grid, row, kIncludeColumn)) continue;
+    const std::string path = JoinPath(RowCasePath(ws, grid, row), kThermalFile);
+    auto lines = ReadAllLines(path);
+    if (!lines) throw FileError(path, 0, "File not found");
+    std::string flags = lines->empty() ? std::string() : (*lines)[0];
+    for (int m = 0; m < kModuleCount; ++m) {
+      const auto at = static_cast<size_t>(m);
+      if (at < flags.size() && TrimBlanks(grid.Cell(row, kFirstModuleColumn + m)) == kEnded) {
+        flags[at] = '-';
+      }
+    }
+    if (!WriteAllLines(path, {flags})) FailWrite(path);
+  }
+}
+
+}  // namespace zelmo

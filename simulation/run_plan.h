@@ -1,0 +1,76 @@
+// The run plan of a project: which cases are prepared, which are run and
+// with which modules, as the Simulation screen's grid holds it, and the run
+// over it. The command line builds the same grid and runs the same code.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/controls.h"
+
+namespace zelmo {
+
+struct Session;
+struct Workspace;
+
+inline constexpr int kModuleCount = 6;
+// Grid columns: the case, Prepare, Include case, then the six modules.
+inline constexpr int kCaseColumn = 0;
+inline constexpr int kPrepareColumn = 1;
+inline constexpr int kIncludeColumn = 2;
+inline constexpr int kFirstModuleColumn = 3;
+inline constexpr int kLastModuleColumn = kFirstModuleColumn + kModuleCount - 1;
+
+inline constexpr const char* kModuleHeaders[kModuleCount] = {"DIG", "GF",  "LUM",
+                                                             "WAL", "SOL", "TL"};
+// The modules' names in the messages of a run.
+inline constexpr const char* kModuleNames[kModuleCount] = {"Plor", "Neb",  "Corv",
+                                                           "Fent", "Dane", "Muk"};
+
+// Cell texts of the plan and of a run.
+inline constexpr const char* kWanted = "X";
+inline constexpr const char* kRunning = ">";
+inline constexpr const char* kEnded = "> <";
+inline constexpr const char* kSkipped = "!!";
+inline constexpr const char* kFailed = " ";
+inline constexpr int kFailedColor = Rgb(250, 0, 0);
+
+inline constexpr const char* kRunTitle = "ThermLoad - Calculation";
+inline constexpr const char* kProjectEmpty = "Project is empty ";
+
+// The case of a row, from its text "<lower name> - <headline>".
+std::string RowCaseName(const std::string& row_text);
+std::string RowHeadline(const std::string& row_text);
+
+// The plan's grid: a header row, then one row per case; columns as above.
+void SetUpRunGrid(Grid& grid);
+// One row per line of the project's CASES.LIB, every tick empty. False when
+// the file cannot be opened.
+bool AddCaseRows(const Workspace& ws, Grid& grid);
+// Fill ticks columns 2 to 8 of every row, Clear empties them; neither
+// touches Prepare.
+void FillTicks(Grid& grid);
+void ClearTicks(Grid& grid);
+
+enum class RunEnd {
+  kCompleted,     // every row ran; the flags may be committed
+  kEmptyProject,  // no CASES.LIB: the screen is left
+  kLibraryFault,  // Wndw.Lib refused a window type: nothing ran
+  kModuleFailed,  // a module failed: the ticks are cleared, nothing is committed
+};
+
+// The run over the ticked rows: Wndw.Lib, then for each row prepared or
+// included the case's DAT files, and for an included row the status file and
+// each ticked module in order. Every message goes through the session's
+// dialogs; `cell_changed` hears of each cell a run writes. After a completed
+// run the session's case is the one it had before; after a failed module it
+// is the failing case. A damaged data file throws FileError.
+RunEnd RunPlan(Session& session, Grid& grid,
+               const std::function<void(int row, int col)>& cell_changed = {});
+
+// THERMAL.INP of every included row gets "-" for each module whose cell
+// says it ended. A THERMAL.INP that cannot be read or written throws
+// FileError.
+void CommitModuleFlags(const Workspace& ws, const Grid& grid);
+
+}  // namespace zelmo

@@ -1,0 +1,63 @@
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "simulation/therm_load_screen.h"
+#include "ui/qt_text.h"
+#include "ui/view_parts.h"
+#include "ui/views.h"
+
+namespace zelmo::ui {
+
+namespace {
+
+// Tells the screen which button went down on the grid before its click.
+class MouseButtons : public QObject {
+ public:
+  MouseButtons(ThermLoad& screen, QObject* parent) : QObject(parent), screen_(screen) {}
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonPress) {
+      const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
+      screen_.GridMouseDown(button == Qt::RightButton    ? ThermLoad::kRightButton
+                            : button == Qt::MiddleButton ? ThermLoad::kMiddleButton
+                                                         : ThermLoad::kLeftButton);
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  ThermLoad& screen_;
+};
+
+}  // namespace
+
+void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
+  auto& screen = static_cast<ThermLoad&>(form);
+  auto* layout = new QVBoxLayout(&dialog);
+  layout->addWidget(Named<QLabel>(&dialog, "Label1"));
+  auto* table = new QTableWidget(&dialog);
+  table->setObjectName("ThermGrid");
+  // The header line is the grid's own first row.
+  table->horizontalHeader()->hide();
+  table->verticalHeader()->hide();
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->verticalHeader()->setDefaultSectionSize(Px(285));
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->viewport()->installEventFilter(new MouseButtons(screen, table));
+  int width = 0;
+  for (int w : screen.ThermGrid.col_widths) width += Px(w);
+  table->setMinimumWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
+  table->setFixedHeight(Px(screen.ThermGrid.height));
+  layout->addWidget(table);
+  layout->addSpacing(Px(120));
+  AddButtons(
+      dialog, layout,
+      {&screen.Command1, &screen.Command4, &screen.Command5, &screen.Command2, &screen.Command3});
+}
+
+}  // namespace zelmo::ui
