@@ -21,3 +21,18 @@ test -f "$home/ZELMOPROJ/PROJECTS.LIB" || { echo "no example project in the new 
 grep -q "LocalPath=$home/ZELMOPROJ" "$home/.config/Zelmo-QRN/Zelmo-QRN.conf" ||
   { echo "the data folder was not stored in the user's settings"; exit 1; }
 echo "installed program: started, main window shown, data folder $home/ZELMOPROJ"
+
+# The command line on the example project, with no display at all.
+zelmo=$(command -v zelmo)
+example=$(dirname "$(readlink -f "$zelmo")")/ZELMOPROJ/Example
+cp -r "$example" "$home/Example"
+for parked in "$home"/Example/*_Temp; do mv "$parked" "${parked%_Temp}"; done
+env -u DISPLAY -u WAYLAND_DISPLAY "$zelmo" prepare "$home/Example" case1
+env -u DISPLAY -u WAYLAND_DISPLAY "$zelmo" run "$home/Example" case1 |
+  grep -c ended | grep -qx 6 || { echo "zelmo run did not end six modules"; exit 1; }
+[ "$(head -c 6 "$home/Example/Case1/THERMAL.INP")" = "------" ] ||
+  { echo "zelmo run left the flags $(head -c 6 "$home/Example/Case1/THERMAL.INP")"; exit 1; }
+if ldd "$(readlink -f "$zelmo")" | grep -q Qt6Widgets; then
+  echo "zelmo links the widget library"; exit 1
+fi
+echo "installed command line: prepared and ran the example case without a display"

@@ -86,8 +86,7 @@ QGroupBox* Group(QWidget* parent, const Control& frame) {
 
 }  // namespace
 
-StartWindow::StartWindow(StartForm& form, Session& session)
-    : QMainWindow(nullptr), form_(form) {
+StartWindow::StartWindow(StartForm& form, Session& session) : QMainWindow(nullptr), form_(form) {
   setObjectName(Q(form.name()));
   // A fixed window: no maximize button and no sizing border.
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -33,6 +34,19 @@ class MouseButtons : public QObject {
   ThermLoad& screen_;
 };
 
+// The colour of a cell says where the run stands (the current case, the
+// failing module): a current cell keeps it rather than the selection's.
+class KeepCellColours : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(Qt::BackgroundRole).isValid()) option->state &= ~QStyle::State_Selected;
+  }
+};
+
 }  // namespace
 
 void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
@@ -49,6 +63,7 @@ void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
   table->verticalHeader()->setDefaultSectionSize(Px(285));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   table->viewport()->installEventFilter(new MouseButtons(screen, table));
+  table->setItemDelegate(new KeepCellColours(table));
   int width = 0;
   for (int w : screen.ThermGrid.col_widths) width += Px(w);
   table->setMinimumWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);

@@ -29,6 +29,11 @@
 namespace zelmo::ui {
 
 namespace {
+// Set on a widget whose colours the binder gave from its control.
+constexpr char kColoursSet[] = "zelmoColoursSet";
+}  // namespace
+
+namespace {
 
 // Room beside a cell's text: the item's margins and the grid line.
 constexpr int kCellPadding = 12;
@@ -391,8 +396,11 @@ void Binder::SyncOne(Control* control, QObject* object) {
       palette.setColor(QPalette::Base, ColorOf(control->back_color));
     }
     widget->setPalette(palette);
-  } else if (widget->testAttribute(Qt::WA_SetPalette)) {
+    widget->setProperty(kColoursSet, true);
+  } else if (widget->property(kColoursSet).toBool()) {
+    // Back to the default colours; a palette the view gave is the view's.
     widget->setPalette(QPalette());
+    widget->setProperty(kColoursSet, false);
   }
 
   if (auto* label = qobject_cast<QLabel*>(widget)) {

@@ -90,6 +90,10 @@ sinfo -h -o %T | grep -q idle || fail "the node did not come up"
 project=$work/data/example
 mkdir -p "$work/data"
 cp -r "$example" "$project"
+# The program tree keeps the example's libraries parked until it is activated.
+for parked in "$project"/*_Temp; do
+  [ -e "$parked" ] && mv "$parked" "${parked%_Temp}"
+done
 first=$(ls "$project" | grep -i '^case1$')
 : > "$project/CASES.LIB"
 for n in 1 2 3 4; do

@@ -1,0 +1,90 @@
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <cstdlib>
+
+#include "core/file_system.h"
+#include "core/testing/fakes.h"
+#include "core/text_file.h"
+#include "platform/qt_process.h"
+#include "simulation/run_plan.h"
+#include "simulation/therm_load_screen.h"
+#include "ui/commands.h"
+#include "ui/test_support.h"
+#include "workspace/start_form.h"
+
+namespace zelmo::ui {
+namespace {
+
+// The example project, its case open, run with the staged stand-in modules.
+struct ExampleProject {
+  ExampleProject() {
+    TestApp();
+    CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ/Example",
+                   dir / "Example");
+    for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
+      RenamePath(dir / "Example/" + name + "_Temp", dir / "Example/" + name);
+    }
+    Workspace& ws = fake.ws();
+    ws.ProgramDirectory = std::getenv("ZELMO_DIST_DIR");
+    ws.ThermalDirectory = JoinPath(ws.ProgramDirectory, "TZELMO");
+    ws.ProjectName = "Example";
+    ws.ProjectPath = dir / "Example";
+    ws.CaseName = "case1";
+    ws.CaseHeadline = "Office room in Stockholm";
+    ws.CasePath = dir / "Example/Case1";
+    fake.session.processes = &runner;
+  }
+  testing::TempDir dir;
+  testing::FakeSession fake;
+  platform::QtProcessRunner runner;
+};
+
+void ClickCell(QTableWidget* table, int row, int col, Qt::MouseButton button = Qt::LeftButton) {
+  QTest::mouseClick(table->viewport(), button, {},
+                    table->visualItemRect(table->item(row, col)).center());
+}
+
+TEST(ThermLoadView, ReachedFromTheMainWindowTickedRunAndAFailingModuleShown) {
+  ExampleProject p;
+  StartForm main(p.fake.session);
+  WireCommands(main);
+  main.M_ThermalLoads.on_click();
+  EXPECT_EQ(p.fake.dialogs.shown_forms, (testing::Strings{"ThermLoad"}));
+
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  auto* grid = dialog->findChild<QTableWidget*>("ThermGrid");
+  EXPECT_TRUE(grid->isColumnHidden(kPrepareColumn));
+  EXPECT_EQ(grid->item(1, 0)->text(), "case1 - Office room in Stockholm");
+  EXPECT_EQ(grid->item(1, 3)->textAlignment(), Qt::AlignCenter);
+  EXPECT_EQ(grid->item(1, 0)->background().color(), QColor(0, 160, 250));
+  ClickCell(grid, 1, 5);
+  EXPECT_EQ(grid->item(1, 5)->text(), "");
+  ClickCell(grid, 1, 6, Qt::RightButton);
+  EXPECT_EQ(grid->item(1, 6)->text(), "X");
+  ClickCell(grid, 1, 5);
+  EXPECT_EQ(grid->item(1, 5)->text(), "X");
+
+  // NEB fails: its cell is red, the ticks go, the error is shown.
+  testing::WriteBytes(p.dir / "Example/Case1/STANDIN.INP", "NEB ERROR 201\r\n");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(grid->item(1, 4)->background().color(), QColor(250, 0, 0));
+  EXPECT_EQ(grid->item(1, 3)->text(), "");
+  EXPECT_EQ(p.fake.dialogs.shown_forms.back(), "Errform");
+  SaveShot(dialog.get(), "ThermLoad_failed");
+
+  // Mended, filled and run through: every flag of the case is "-".
+  DeleteFile(p.dir / "Example/Case1/STANDIN.INP");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command4"), Qt::LeftButton);
+  EXPECT_EQ(grid->item(1, 8)->text(), "X");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_TRUE(screen.unloaded);
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/MUK.LIS").empty(), false);
+}
+
+}  // namespace
+}  // namespace zelmo::ui
