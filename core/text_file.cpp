@@ -272,8 +272,12 @@ std::string TrimBlanks(const std::string& text) {
 }
 
 std::optional<std::string> ReadAllBytes(const std::string& path) {
-  if (!FileCanOpen(path)) return std::nullopt;
-  std::ifstream in(ResolvePath(ToFsPath(path)), std::ios::binary);
+  if (path.empty()) return std::nullopt;
+  // The name is resolved and the file opened once.
+  const fs::path real = ResolvePath(ToFsPath(path));
+  std::error_code ec;
+  if (!fs::is_regular_file(real, ec)) return std::nullopt;
+  std::ifstream in(real, std::ios::binary);
   if (!in) return std::nullopt;
   // Read in one piece where the size is known; a stream of unknown length
   // (a pipe) is read as it comes.

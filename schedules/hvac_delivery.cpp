@@ -37,17 +37,26 @@ void AppendDelivered(std::string& line, const std::string* cell, int column) {
   line.append(text.empty() ? std::string_view(DeliveredBlank(column)) : text);
 }
 
-void AppendPeriod(std::vector<std::string>& lines, const ScheduleStore& store, int schedule,
-                  int volume, int slot, std::string dates) {
-  lines.push_back(std::move(dates));
-  lines.push_back(std::to_string(kHours));
+void Line(std::string& out, std::string_view line) {
+  out += line;
+  out += "\r\n";
+}
+
+void AppendPeriod(std::string& out, const ScheduleStore& store, int schedule, int volume, int slot,
+                  const std::string& dates) {
+  Line(out, dates);
+  Line(out, std::to_string(kHours));
   const int volumes = std::min(store.VolumeCount, kMaxVolumes);
   // A period whose cells were never set delivers blanks throughout.
   const std::vector<std::string>* cells = store.PeriodCells(schedule, volume, slot);
   for (int hour = 1; hour <= kHours; ++hour) {
     const std::string* row = cells ? &(*cells)[(hour - 1) * kHourColumns] : nullptr;
-    std::string line = std::to_string(hour) + kTab + std::to_string(hour) + kTab;
-    line.reserve(256);
+    std::string& line = out;
+    const std::string label = std::to_string(hour);
+    line += label;
+    line += '\t';
+    line += label;
+    line += '\t';
     for (int column = 1; column <= kLoadColumns; ++column) {
       AppendDelivered(line, row ? &row[column - 1] : nullptr, column);
       line += '\t';
@@ -61,7 +70,7 @@ void AppendPeriod(std::vector<std::string>& lines, const ScheduleStore& store, i
         line += a == kMaxVolumes - 1 ? "\t" : "\t\t";
       }
     }
-    lines.push_back(std::move(line));
+    line += "\r\n";
   }
 }
 
@@ -80,35 +89,43 @@ const char* DeliveredBlank(int column) {
   }
 }
 
-std::vector<std::string> HvacDeliveryLines(const ScheduleStore& store, int year) {
+void AppendHvacDelivery(std::string& out, const ScheduleStore& store, int year) {
   const int schedule = std::clamp(store.CurrentSchedule, 1, kMaxSchedules);
-  std::vector<std::string> lines;
-  lines.push_back(NumText(store.UseInternalLoadFile ? 1 : 0) + kTab +
-                  NumText(store.HasHeatExchanger ? 1 : 0) + kTab +
-                  NumText(Val(store.HeatExchangerEfficiency)) + kTab +
-                  NumText(store.HasHeatExchanger && store.HasBypass ? 1 : 0) + kTab);
-  lines.push_back(TrimBlanks(store.InternalLoadFile));
-  lines.push_back(store.ScheduleName(schedule));
+  Line(out, NumText(store.UseInternalLoadFile ? 1 : 0) + kTab +
+                NumText(store.HasHeatExchanger ? 1 : 0) + kTab +
+                NumText(Val(store.HeatExchangerEfficiency)) + kTab +
+                NumText(store.HasHeatExchanger && store.HasBypass ? 1 : 0) + kTab);
+  Line(out, TrimBlanks(store.InternalLoadFile));
+  Line(out, store.ScheduleName(schedule));
   for (int volume = 1; volume <= std::min(store.VolumeCount, kMaxVolumes); ++volume) {
     const int type = store.PeriodType(schedule, volume);
-    lines.push_back(NumText(type == kMonthly ? kDaily : type) + kTab + kReservedField + kTab +
-                    kReservedField);
+    Line(out,
+         NumText(type == kMonthly ? kDaily : type) + kTab + kReservedField + kTab + kReservedField);
     if (type == kWeekendWeekday) {
-      lines.push_back(NumText(kDayKinds));
-      AppendPeriod(lines, store, schedule, volume, kWeekendSlot, "1\t1\t30\t6");
-      AppendPeriod(lines, store, schedule, volume, kWeekdaySlot, "1\t7\t31\t12");
+      Line(out, NumText(kDayKinds));
+      AppendPeriod(out, store, schedule, volume, kWeekendSlot, "1\t1\t30\t6");
+      AppendPeriod(out, store, schedule, volume, kWeekdaySlot, "1\t7\t31\t12");
       continue;
     }
     const int count = store.PeriodCount(schedule, volume, type);
-    lines.push_back(NumText(count));
+    Line(out, NumText(count));
     for (int period = 1; period <= count; ++period) {
       const int slot = PeriodSlot(type, period);
       const std::string& start = store.PeriodDates(schedule, volume, slot, 1);
       const std::string& end = store.PeriodDates(schedule, volume, slot, 2);
-      AppendPeriod(lines, store, schedule, volume, slot,
+      AppendPeriod(out, store, schedule, volume, slot,
                    type == kMonthly ? MonthDates(start, end, year)
                                     : DayAndMonth(start) + kTab + DayAndMonth(end));
     }
+  }
+}
+
+std::vector<std::string> HvacDeliveryLines(const ScheduleStore& store, int year) {
+  std::string text;
+  AppendHvacDelivery(text, store, year);
+  std::vector<std::string> lines;
+  for (size_t at = 0, end; (end = text.find("\r\n", at)) != std::string::npos; at = end + 2) {
+    lines.emplace_back(text, at, end - at);
   }
   return lines;
 }

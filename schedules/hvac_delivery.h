@@ -19,5 +19,7 @@ const char* DeliveredBlank(int column);
 // out as Daily ones, from the first of the start month to the last day of
 // the end month in `year`.
 std::vector<std::string> HvacDeliveryLines(const ScheduleStore& store, int year);
+// The same lines, each ended by CR LF, added to `out`.
+void AppendHvacDelivery(std::string& out, const ScheduleStore& store, int year);
 
 }  // namespace zelmo

@@ -48,6 +48,8 @@ class DatText {
     End();
   }
   const std::string& bytes() const { return bytes_; }
+  // For writers that lay down whole lines, ended already.
+  std::string& raw() { return bytes_; }
 
  private:
   std::string bytes_;
@@ -332,7 +334,7 @@ std::string Dat4Text(const Workspace& ws, const CaseData& data) {
   WriteOutputSelection(out, data);
 
   int year = static_cast<int>(Val(TrimBlanks(data.Site(6))));
-  for (const auto& line : HvacDeliveryLines(data.schedules, year)) out.Line(line);
+  AppendHvacDelivery(out.raw(), data.schedules, year);
 
   for (const auto& volume : data.volumes) {
     out.Line(N(-1.0, 10, 2));
