@@ -29,7 +29,8 @@ struct ExampleRun {
   int Run(const std::vector<std::string>& args) {
     out.str("");
     err.str("");
-    return RunCommandLine(args, dir / "bin/zelmo", settings, processes, out, err);
+    return RunCommandLine(args, JoinPath(std::getenv("ZELMO_DIST_DIR"), "zelmo"), settings,
+                          processes, out, err);
   }
   std::string Case(const std::string& name) { return ReadBytes(dir / "Example/Case1/" + name); }
   testing::TempDir dir;
@@ -112,7 +113,44 @@ TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {
   EXPECT_EQ(r.Run({"run", project, "case1"}), kExitFailed);
   EXPECT_EQ(r.err.str(), "ThermLoad - Calculation: Some error in window library \n");
   EXPECT_EQ(r.Run({"--help"}), kExitOk);
-  EXPECT_NE(r.out.str().find("zelmo run <project folder> <case> [--modules"), std::string::npos);
+  EXPECT_NE(r.out.str().find("zelmo run <project folder> <case>... | --all [-j N] [--modules"),
+            std::string::npos);
+}
+
+// Four cases side by side, the third made to fail: the others end as they
+// would alone, every line whole, and the table says how each ended.
+TEST(CommandLine, CasesSideBySideAndTheirSummary) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  std::string cases;
+  for (int n = 1; n <= 4; ++n) {
+    if (n > 1) CopyFolderTree(project + "/Case1", project + "/case" + std::to_string(n));
+    cases += "case" + std::to_string(n) + " - Variant\r\n";
+  }
+  WriteBytes(project + "/CASES.LIB", cases);
+  WriteBytes(project + "/case3/STANDIN.INP", "ALL DELAY 0.1\r\nCORV ERROR 301\r\n");
+  ASSERT_EQ(r.Run({"run", project, "--all", "-j2"}), kExitFailed);
+  std::istringstream lines(r.out.str());
+  std::vector<std::string> table;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("case", 0) == 0 && line.find(": ") == 5) continue;  // a module line
+    table.push_back(TrimBlanks(line.substr(0, 30)));                   // without the time
+  }
+  EXPECT_EQ(table, (std::vector<std::string>{
+                       "case          modules  status",
+                       "case1               6  ok",
+                       "case2               6  ok",
+                       "case3               3  failed",
+                       "case4               6  ok",
+                   }))
+      << r.out.str();
+  EXPECT_NE(r.err.str().find("Error  301 in module CORV: "), std::string::npos);
+  for (int n : {1, 2, 4}) {
+    const std::string dir = project + "/" + (n == 1 ? "Case1" : "case" + std::to_string(n));
+    EXPECT_EQ(ReadBytes(dir + "/THERMAL.INP"), "------\r\n");
+    EXPECT_EQ(ReadBytes(dir + "/DAT2.DAT"), ReadBytes(project + "/case3/DAT2.DAT"));
+  }
+  EXPECT_EQ(ReadBytes(project + "/case3/THERMAL.INP"), "XXXXXX\r\n");
 }
 
 }  // namespace

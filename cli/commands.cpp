@@ -1,7 +1,13 @@
 #include "cli/commands.h"
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
 #include <functional>
+#include <mutex>
 #include <optional>
+#include <thread>
 
 #include "cli/stream_dialogs.h"
 #include "core/controls.h"
@@ -9,6 +15,7 @@
 #include "core/file_system.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "libraries/window_library_export.h"
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
 #include "workspace/case_store.h"
@@ -19,11 +26,19 @@ namespace zelmo::cli {
 namespace {
 
 // What a command works with: the session of the command line and its
-// streams.
+// streams. Lines go out whole, one at a time, whichever case writes them.
 struct Context {
   Session session;
-  std::ostream& out;
-  std::ostream& err;
+  std::ostream& out_stream;
+  std::ostream& err_stream;
+  std::mutex lines;
+  void Out(const std::string& line) { Put(out_stream, line); }
+  void Err(const std::string& line) { Put(err_stream, line); }
+  void Put(std::ostream& stream, const std::string& line) {
+    std::lock_guard<std::mutex> lock(lines);
+    stream << line << '\n';
+    stream.flush();
+  }
 };
 
 struct Command {
@@ -34,7 +49,7 @@ struct Command {
 };
 
 int Usage(Context& c, const std::string& what) {
-  c.err << "zelmo: " << what << " (zelmo --help lists the commands)" << std::endl;
+  c.Err("zelmo: " + what + " (zelmo --help lists the commands)");
   return kExitUsage;
 }
 
@@ -44,7 +59,7 @@ std::optional<int> OpenProject(Context& c, const std::string& folder) {
   Workspace& ws = c.session.ws;
   const std::string project = StripTrailingSeparator(folder);
   if (project.empty() || !FolderExists(project)) {
-    c.err << "zelmo: no project folder " << folder << std::endl;
+    c.Err("zelmo: no project folder " + folder);
     return kExitUsage;
   }
   ws.ProjectPath = project;
@@ -55,20 +70,19 @@ std::optional<int> OpenProject(Context& c, const std::string& folder) {
 
 // The row of the case in the plan's grid, found by its name in CASES.LIB as
 // the screens compare it.
-std::optional<int> FindCaseRow(Context& c, Grid& grid, const std::string& name, int& row) {
+std::optional<int> FindCaseRow(Context& c, const Grid& grid, const std::string& name, int& row) {
   const Workspace& ws = c.session.ws;
-  SetUpRunGrid(grid);
-  if (AddCaseRows(ws, grid)) {
+  if (grid.rows() > 1) {
     for (row = 1; row < grid.rows(); ++row) {
       if (RowCaseName(grid.Cell(row, kCaseColumn)) == ToLower(TrimBlanks(name))) {
         const std::string folder = JoinPath(ws.ProjectPath, RowCaseName(grid.Cell(row, 0)));
         if (FolderExists(FolderOnDisk(folder))) return std::nullopt;
-        c.err << "zelmo: no case folder " << folder << std::endl;
+        c.Err("zelmo: no case folder " + folder);
         return kExitUsage;
       }
     }
   }
-  c.err << "zelmo: case " << name << " is not in " << CasesFilePath(ws) << std::endl;
+  c.Err("zelmo: case " + name + " is not in " + CasesFilePath(ws));
   return kExitUsage;
 }
 
@@ -103,45 +117,171 @@ std::function<void(int, int)> ModuleLines(Context& c, const Grid& grid) {
     if (!event) return;
     std::string program = kModulePrograms[col - kFirstModuleColumn];
     program = program.substr(0, program.find('.'));
-    c.out << RowCaseName(grid.Cell(row, kCaseColumn)) << ": " << program << " " << event
-          << std::endl;
+    c.Out(RowCaseName(grid.Cell(row, kCaseColumn)) + ": " + program + " " + event);
   };
 }
 
-int RunCase(Context& c, const std::vector<std::string>& args, bool run_modules) {
-  std::vector<std::string> positional;
-  std::optional<std::array<bool, kModuleCount>> modules;
-  modules.emplace();
-  modules->fill(true);
-  for (size_t i = 0; i < args.size(); ++i) {
-    if (run_modules && args[i] == "--modules") {
-      if (i + 1 == args.size()) return Usage(c, "--modules needs a list of modules");
-      modules = ParseModules(args[++i]);
-      if (!modules) return Usage(c, "unknown module in " + args[i]);
-    } else if (args[i].rfind("--", 0) == 0) {
-      return Usage(c, "unknown option " + args[i]);
+// What the command line asks of a run.
+struct RunRequest {
+  bool run_modules = false;
+  std::array<bool, kModuleCount> modules{};
+  bool all = false;
+  int jobs = 0;  // 0: not given
+  std::vector<std::string> cases;
+};
+
+// How one case of a batch ended, for the summary.
+struct CaseOutcome {
+  std::string name;
+  int modules = 0;
+  std::string status = "not run";
+  double seconds = 0;
+};
+
+// One case in a plan of its own, with its own session: what a row of the
+// Simulation screen does. The lines of the run, the messages and the flags
+// are the same as for a run of that row alone.
+CaseOutcome RunOneCase(Context& c, const RunRequest& request, const std::string& row_text,
+                       bool write_library) {
+  CaseOutcome outcome;
+  outcome.name = RowCaseName(row_text);
+  const auto start = std::chrono::steady_clock::now();
+  Session session = c.session;
+  StreamDialogs dialogs([&c](const std::string& line) { c.Err(line); });
+  session.dialogs = &dialogs;
+  Form form("zelmo");
+  Grid grid(&form, "ThermGrid");
+  SetUpRunGrid(grid);
+  grid.AddRow();
+  grid.Cell(1, kCaseColumn) = row_text;
+  grid.Cell(1, request.run_modules ? kIncludeColumn : kPrepareColumn) = kWanted;
+  for (int m = 0; request.run_modules && m < kModuleCount; ++m) {
+    if (request.modules[m]) grid.Cell(1, kFirstModuleColumn + m) = kWanted;
+  }
+  const auto lines = ModuleLines(c, grid);
+  try {
+    const RunEnd end = RunPlan(
+        session, grid,
+        [&](int row, int col) {
+          if (grid.Cell(row, col) == kEnded || grid.Cell(row, col) == kFailed) ++outcome.modules;
+          lines(row, col);
+        },
+        write_library);
+    if (end == RunEnd::kCompleted) {
+      if (request.run_modules) CommitModuleFlags(session.ws, grid);
+      outcome.status = "ok";
     } else {
-      positional.push_back(args[i]);
+      outcome.status = end == RunEnd::kModuleFailed ? "failed" : "refused";
+    }
+  } catch (const FileError& error) {
+    c.Err(OneLine(error.UserText()));
+    outcome.status = "error";
+  }
+  outcome.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  return outcome;
+}
+
+std::string SummaryLine(const std::string& name, const std::string& modules,
+                        const std::string& status, const std::string& time) {
+  std::string line = PadField(name, std::max<int>(12, static_cast<int>(name.size())), "V");
+  return line + "  " + PadField(modules, 7, "H") + "  " + PadField(status, 7, "V") + "  " +
+         PadField(time, 9, "H");
+}
+
+// Several cases at once: Wndw.Lib written once, then up to `jobs` cases side
+// by side, each with its modules in order; a summary table at the end.
+int RunBatch(Context& c, const RunRequest& request, const std::vector<std::string>& rows) {
+  try {
+    if (!WriteWindowLibrary(c.session.ws)) {
+      c.Err(std::string(kRunTitle) + ": " + kWindowLibraryFault);
+      return kExitFailed;
+    }
+  } catch (const FileError& error) {
+    c.Err(OneLine(error.UserText()));
+    return kExitFailed;
+  }
+  std::vector<CaseOutcome> outcomes(rows.size());
+  std::atomic<size_t> next{0};
+  auto work = [&] {
+    for (size_t k; (k = next++) < rows.size();) {
+      outcomes[k] = RunOneCase(c, request, rows[k], false);
+    }
+  };
+  int jobs = request.jobs > 0 ? request.jobs
+                              : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  jobs = std::min<int>(jobs, static_cast<int>(rows.size()));
+  std::vector<std::thread> workers;
+  for (int j = 1; j < jobs; ++j) workers.emplace_back(work);
+  work();
+  for (auto& worker : workers) worker.join();
+  bool failed = false;
+  c.Out(SummaryLine("case", "modules", "status", "time"));
+  for (const CaseOutcome& outcome : outcomes) {
+    char seconds[32];
+    std::snprintf(seconds, sizeof seconds, "%.1f s", outcome.seconds);
+    c.Out(SummaryLine(outcome.name, std::to_string(outcome.modules), outcome.status, seconds));
+    failed = failed || outcome.status != "ok";
+  }
+  return failed ? kExitFailed : kExitOk;
+}
+
+int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules) {
+  RunRequest request;
+  request.run_modules = run_modules;
+  request.modules.fill(true);
+  std::vector<std::string> positional;
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& arg = args[i];
+    if (run_modules && arg == "--modules") {
+      if (i + 1 == args.size()) return Usage(c, "--modules needs a list of modules");
+      auto modules = ParseModules(args[++i]);
+      if (!modules) return Usage(c, "unknown module in " + args[i]);
+      request.modules = *modules;
+    } else if (arg == "--all") {
+      request.all = true;
+    } else if (arg == "-j" || arg == "--jobs" || (arg.rfind("-j", 0) == 0 && arg.size() > 2)) {
+      std::string count = arg.size() > 2 && arg[1] == 'j' ? arg.substr(2) : "";
+      if (count.empty()) {
+        if (i + 1 == args.size()) return Usage(c, arg + " needs a number of cases");
+        count = args[++i];
+      }
+      if (!IsDigitsOnly(count) || count.size() > 4 || std::stoi(count) < 1) {
+        return Usage(c, arg + " needs a number of cases, not " + count);
+      }
+      request.jobs = std::stoi(count);
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      return Usage(c, "unknown option " + arg);
+    } else {
+      positional.push_back(arg);
     }
   }
-  if (positional.size() != 2) return Usage(c, "give a project folder and a case");
+  if (positional.empty()) return Usage(c, "give a project folder and a case");
+  request.cases.assign(positional.begin() + 1, positional.end());
+  if (request.cases.empty() && !request.all) return Usage(c, "give a project folder and a case");
+  if (!request.cases.empty() && request.all) return Usage(c, "give cases or --all, not both");
   if (auto failed = OpenProject(c, positional[0])) return *failed;
   Form form("zelmo");
   Grid grid(&form, "ThermGrid");
-  int row = 0;
-  if (auto failed = FindCaseRow(c, grid, positional[1], row)) return *failed;
-  grid.Cell(row, run_modules ? kIncludeColumn : kPrepareColumn) = kWanted;
-  for (int m = 0; run_modules && m < kModuleCount; ++m) {
-    if ((*modules)[m]) grid.Cell(row, kFirstModuleColumn + m) = kWanted;
-  }
-  try {
-    if (RunPlan(c.session, grid, ModuleLines(c, grid)) != RunEnd::kCompleted) return kExitFailed;
-    if (run_modules) CommitModuleFlags(c.session.ws, grid);
-  } catch (const FileError& error) {
-    c.err << OneLine(error.UserText()) << std::endl;
+  SetUpRunGrid(grid);
+  if (!AddCaseRows(c.session.ws, grid) && request.all) {
+    c.Err(std::string(kRunTitle) + ": " + kProjectEmpty);
     return kExitFailed;
   }
-  return kExitOk;
+  std::vector<std::string> rows;
+  for (int row = 1; request.all && row < grid.rows(); ++row) {
+    rows.push_back(grid.Cell(row, kCaseColumn));
+  }
+  for (const std::string& name : request.cases) {
+    int row = 0;
+    if (auto failed = FindCaseRow(c, grid, name, row)) return *failed;
+    rows.push_back(grid.Cell(row, kCaseColumn));
+  }
+  // One case named alone runs as the screen runs its row, with no table.
+  if (!request.all && rows.size() == 1 && request.jobs == 0) {
+    const CaseOutcome outcome = RunOneCase(c, request, rows[0], true);
+    return outcome.status == "ok" ? kExitOk : kExitFailed;
+  }
+  return RunBatch(c, request, rows);
 }
 
 int ListCases(Context& c, const std::vector<std::string>& args) {
@@ -151,23 +291,25 @@ int ListCases(Context& c, const std::vector<std::string>& args) {
   Grid grid(&form, "ThermGrid");
   SetUpRunGrid(grid);
   if (!AddCaseRows(c.session.ws, grid)) {
-    c.err << "zelmo: " << kProjectEmpty << CasesFilePath(c.session.ws) << std::endl;
+    c.Err(std::string(kRunTitle) + ": " + kProjectEmpty);
     return kExitFailed;
   }
   for (int row = 1; row < grid.rows(); ++row) {
-    c.out << RowCaseName(grid.Cell(row, kCaseColumn)) << std::endl;
+    c.Out(RowCaseName(grid.Cell(row, kCaseColumn)));
   }
   return kExitOk;
 }
 
 const std::vector<Command>& Commands() {
   static const std::vector<Command> commands = {
-      {"prepare", "<project folder> <case>",
-       "write Wndw.Lib for the project, then DAT1.DAT to DAT4.DAT for the case",
-       [](Context& c, const std::vector<std::string>& a) { return RunCase(c, a, false); }},
-      {"run", "<project folder> <case> [--modules PLOR,NEB,CORV,FENT,DANE,MUK]",
-       "prepare the case and run its modules in order (all six by default)",
-       [](Context& c, const std::vector<std::string>& a) { return RunCase(c, a, true); }},
+      {"prepare", "<project folder> <case>... | --all [-j N]",
+       "write Wndw.Lib for the project, then DAT1.DAT to DAT4.DAT for each case",
+       [](Context& c, const std::vector<std::string>& a) { return RunCases(c, a, false); }},
+      {"run", "<project folder> <case>... | --all [-j N] [--modules PLOR,NEB,CORV,FENT,DANE,MUK]",
+       "prepare each case and run its modules in order (all six by default); several\n"
+       "      cases run up to N side by side (default: the number of cores) and end\n"
+       "      with a summary table",
+       [](Context& c, const std::vector<std::string>& a) { return RunCases(c, a, true); }},
       {"list-cases", "<project folder>", "print the project's cases, one a line", ListCases},
   };
   return commands;
@@ -189,8 +331,8 @@ void Help(std::ostream& out) {
 int RunCommandLine(const std::vector<std::string>& args, const std::string& program_path,
                    SettingsStore& settings, ProcessRunner& processes, std::ostream& out,
                    std::ostream& err) {
-  StreamDialogs dialogs(err);
-  Context c{Session{}, out, err};
+  Context c{Session{}, out, err, {}};
+  StreamDialogs dialogs([&c](const std::string& line) { c.Err(line); });
   c.session.dialogs = &dialogs;
   c.session.settings = &settings;
   c.session.processes = &processes;

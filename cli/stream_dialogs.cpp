@@ -19,7 +19,7 @@ std::string OneLine(const std::string& text) {
 }
 
 Answer StreamDialogs::MsgBox(const std::string& text, int style, const std::string& title) {
-  out_ << OneLine(title) << ": " << OneLine(text) << std::endl;
+  line_(OneLine(title) + ": " + OneLine(text));
   switch (mb::ButtonsOf(style)) {
     case mb::kYesNo:
       return Answer::kNo;
@@ -41,7 +41,7 @@ void StreamDialogs::ShowModal(Form& form) {
     if (!text.empty()) text += ' ';
     text += TrimBlanks(OneLine(control->caption));
   }
-  out_ << OneLine(form.caption) << ": " << text << std::endl;
+  line_(OneLine(form.caption) + ": " + text);
   form.Unload();
 }
 

@@ -1,9 +1,10 @@
 // The Dialogs port of the command line: what a screen would show in a box
-// goes to a stream as one line, "<title>: <text>", and a question takes its
-// safe answer.
+// goes out as one line, "<title>: <text>", and a question takes its safe
+// answer.
 #pragma once
 
-#include <ostream>
+#include <functional>
+#include <string>
 
 #include "core/dialogs.h"
 
@@ -11,7 +12,9 @@ namespace zelmo::cli {
 
 class StreamDialogs : public Dialogs {
  public:
-  explicit StreamDialogs(std::ostream& out) : out_(out) {}
+  // `line` takes each line whole, so that cases run side by side never mix
+  // their lines.
+  explicit StreamDialogs(std::function<void(const std::string&)> line) : line_(std::move(line)) {}
   Answer MsgBox(const std::string& text, int style, const std::string& title) override;
   // A screen shown by the run (the module error) prints its caption and the
   // captions of its labels.
@@ -24,7 +27,7 @@ class StreamDialogs : public Dialogs {
   int TextWidth(const std::string& text) override { return static_cast<int>(text.size()) * 105; }
 
  private:
-  std::ostream& out_;
+  std::function<void(const std::string&)> line_;
 };
 
 // The text on one line: each line break, with or without its LF, one blank.

@@ -84,7 +84,8 @@ void ClearTicks(Grid& grid) {
   }
 }
 
-RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>& cell_changed) {
+RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>& cell_changed,
+               bool write_library) {
   Workspace& ws = session.ws;
   Dialogs& dialogs = *session.dialogs;
   auto set_cell = [&](int row, int col, const char* text) {
@@ -95,7 +96,7 @@ RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>
     dialogs.MsgBox(kProjectEmpty, mb::kExclamation, kRunTitle);
     return RunEnd::kEmptyProject;
   }
-  if (!WriteWindowLibrary(ws)) {
+  if (write_library && !WriteWindowLibrary(ws)) {
     dialogs.MsgBox(kWindowLibraryFault, mb::kExclamation, kRunTitle);
     return RunEnd::kLibraryFault;
   }

@@ -65,8 +65,11 @@ enum class RunEnd {
 // dialogs; `cell_changed` hears of each cell a run writes. After a completed
 // run the session's case is the one it had before; after a failed module it
 // is the failing case. A damaged data file throws FileError.
+// Cases run side by side share a Wndw.Lib written once before them all:
+// `write_library` false leaves it as it stands.
 RunEnd RunPlan(Session& session, Grid& grid,
-               const std::function<void(int row, int col)>& cell_changed = {});
+               const std::function<void(int row, int col)>& cell_changed = {},
+               bool write_library = true);
 
 // THERMAL.INP of every included row gets "-" for each module whose cell
 // says it ended. A THERMAL.INP that cannot be read or written throws
