@@ -227,6 +227,9 @@ class Form {
   int help_context = 0;
   // The control that asked for the focus in the last event, or empty.
   std::string focus;
+  // Shows the model as it stands in the middle of an event that takes long
+  // (a run of the modules); set by the view while it shows the form.
+  std::function<void()> refresh;
   // The button pressed by Enter and by Escape, by name.
   std::string default_button;
   std::string cancel_button;

@@ -30,6 +30,9 @@ class ProcessRunner {
   virtual ~ProcessRunner() = default;
   virtual void Run(const std::string& program, const std::vector<std::string>& arguments,
                    int window_mode) = 0;
+  // Ends every program that Run waits for, with the programs each started in
+  // turn; those Runs then return. Nothing when none runs.
+  virtual void Stop() {}
 };
 
 // Help, the browser, printing and the programs registered for files.

@@ -1,5 +1,6 @@
 #include "platform/qt_process.h"
 
+#include <QEventLoop>
 #include <QProcess>
 #include <QStringList>
 
@@ -7,6 +8,10 @@
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+#else
+#include <unistd.h>
+
+#include <csignal>
 #endif
 
 namespace zelmo::platform {
@@ -34,9 +39,41 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
   // it is a windowed program, and the window manager decides on the focus;
   // the calculation modules are console programs, so they take none.
   (void)window_mode;
+  // A group of its own, so that a stop reaches the programs it starts too.
+  process.setChildProcessModifier([] { setpgid(0, 0); });
 #endif
+  QEventLoop loop;
+  if (keep_window_alive_) {
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, [&loop, &process] {
+      if (process.state() == QProcess::NotRunning) loop.quit();
+    });
+  }
   process.start();
-  process.waitForFinished(-1);
+  if (!process.waitForStarted(-1)) return;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    running_.insert(&process);
+  }
+  if (keep_window_alive_) {
+    if (process.state() != QProcess::NotRunning) loop.exec();
+  } else {
+    process.waitForFinished(-1);
+  }
+  std::lock_guard<std::mutex> lock(mutex_);
+  running_.erase(&process);
+}
+
+void QtProcessRunner::Stop() {
+  std::lock_guard<std::mutex> lock(mutex_);
+  for (QProcess* process : running_) {
+#ifdef Q_OS_WIN
+    process->kill();
+#else
+    const qint64 pid = process->processId();
+    if (pid > 0) ::kill(-static_cast<pid_t>(pid), SIGKILL);
+#endif
+  }
 }
 
 }  // namespace zelmo::platform

@@ -91,6 +91,13 @@ bool InitStatusFile(const Workspace& ws) {
                        {"    0 " + PadField("Start", 10, "V"), "TOM", "0"});
 }
 
+bool WriteStoppedStatus(const Workspace& ws, const std::string& module) {
+  return WriteAllLines(
+      JoinPath(ws.CasePath, kStatusFile),
+      {PadField(std::to_string(kStoppedCode), 5, "H") + " " + PadField(module, 10, "V"),
+       kStoppedText, "0"});
+}
+
 bool ReadStatusFile(const Workspace& ws, int& code, std::string& module, std::string& text,
                     double& number) {
   std::string path = JoinPath(ws.CasePath, kStatusFile);

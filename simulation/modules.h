@@ -31,6 +31,12 @@ void RunModule(Session& session, const std::string& program);
 // Writes ECM.Dat as a chain of modules starts: code 0, module "Start".
 bool InitStatusFile(const Workspace& ws);
 
+// The code ECM.Dat holds after the user stopped a module: the run reads as
+// failed, and the case's next run starts afresh.
+inline constexpr int kStoppedCode = 999;
+inline constexpr const char* kStoppedText = "Stopped by the user";
+// Writes ECM.Dat as a module stopped by the user leaves it.
+bool WriteStoppedStatus(const Workspace& ws, const std::string& module);
 // Reads ECM.Dat. True when the code is 0 or below; `code` comes back as its
 // absolute value. When the file cannot be opened `module` is "??", `code`
 // stays as it was and the result is false. A file cut short throws FileError.

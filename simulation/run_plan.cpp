@@ -85,7 +85,7 @@ void ClearTicks(Grid& grid) {
 }
 
 RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>& cell_changed,
-               bool write_library) {
+               bool write_library, const std::function<bool()>& stopped) {
   Workspace& ws = session.ws;
   Dialogs& dialogs = *session.dialogs;
   auto set_cell = [&](int row, int col, const char* text) {
@@ -134,7 +134,12 @@ RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>
       }
       set_cell(row, col, kRunning);
       RunModule(session, kModulePrograms[m]);
-      if (ReadStatusFile(ws, code, module, text, number)) {
+      const bool stop = stopped && stopped();
+      if (stop) {
+        std::string program = kModulePrograms[m];
+        WriteStoppedStatus(ws, program.substr(0, program.find('.')));
+      }
+      if (!stop && ReadStatusFile(ws, code, module, text, number)) {
         set_cell(row, col, kEnded);
         continue;
       }
@@ -143,10 +148,10 @@ RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>
       grid.col = col;
       grid.SetCellBackColor(row, col, kFailedColor);
       set_cell(row, col, kFailed);
-      ShowModuleError(session, code, text, 1);
+      if (!stop) ShowModuleError(session, code, text, 1);
       ClearTicks(grid);
       if (cell_changed) cell_changed(row, col);
-      return RunEnd::kModuleFailed;
+      return stop ? RunEnd::kStopped : RunEnd::kModuleFailed;
     }
   }
   ws.CaseName = name;

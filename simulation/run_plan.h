@@ -57,6 +57,7 @@ enum class RunEnd {
   kEmptyProject,  // no CASES.LIB: the screen is left
   kLibraryFault,  // Wndw.Lib refused a window type: nothing ran
   kModuleFailed,  // a module failed: the ticks are cleared, nothing is committed
+  kStopped,       // the user stopped a module: left as after a failed module
 };
 
 // The run over the ticked rows: Wndw.Lib, then for each row prepared or
@@ -67,9 +68,11 @@ enum class RunEnd {
 // is the failing case. A damaged data file throws FileError.
 // Cases run side by side share a Wndw.Lib written once before them all:
 // `write_library` false leaves it as it stands.
+// `stopped` tells, after each module, whether the user stopped it: its cell
+// is then marked as failed, ECM.Dat says so and nothing more runs.
 RunEnd RunPlan(Session& session, Grid& grid,
                const std::function<void(int row, int col)>& cell_changed = {},
-               bool write_library = true);
+               bool write_library = true, const std::function<bool()>& stopped = {});
 
 // THERMAL.INP of every included row gets "-" for each module whose cell
 // says it ended. A THERMAL.INP that cannot be read or written throws

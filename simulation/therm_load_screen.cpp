@@ -1,11 +1,13 @@
 #include "simulation/therm_load_screen.h"
 
+#include "core/dialogs.h"
 #include "core/fields.h"
 #include "core/form_helpers.h"
 #include "core/session.h"
 #include "core/stale.h"
 #include "core/text_file.h"
 #include "simulation/help_topics.h"
+#include "simulation/modules.h"
 #include "simulation/run_plan.h"
 #include "workspace/project_store.h"
 
@@ -21,6 +23,8 @@ ThermLoad::ThermLoad(Session& session) : Form("ThermLoad"), session_(session) {
   Command3.caption = "&Help";
   Command4.caption = "&Fill";
   Command5.caption = "C&lear";
+  Command6.caption = "S&top";
+  Command6.enabled = false;
   ThermGrid.height = 7500;
   SetUpRunGrid(ThermGrid);
   Command1.on_click = [this] { Simulate(); };
@@ -28,6 +32,7 @@ ThermLoad::ThermLoad(Session& session) : Form("ThermLoad"), session_(session) {
   Command3.on_click = [this] { ShowScreenHelp(session_, help_context::kThermLoad); };
   Command4.on_click = [this] { Fill(); };
   Command5.on_click = [this] { Clear(); };
+  Command6.on_click = [this] { Stop(); };
   ThermGrid.on_click = [this] { GridClick(); };
 }
 
@@ -74,9 +79,47 @@ void ThermLoad::Fill() { FillTicks(ThermGrid); }
 
 void ThermLoad::Clear() { ClearTicks(ThermGrid); }
 
+void ThermLoad::SetRunning(bool running) {
+  running_ = running;
+  for (Button* button : {&Command1, &Command4, &Command5}) button->enabled = !running;
+  Command6.enabled = running;
+  if (!running) Label2.caption.clear();
+}
+
+void ThermLoad::CellChanged(int row, int col) {
+  if (col >= kFirstModuleColumn && ThermGrid.Cell(row, col) == kRunning) {
+    std::string program = kModulePrograms[col - kFirstModuleColumn];
+    progress_ = RowCaseName(ThermGrid.Cell(row, kCaseColumn)) + ": " +
+                program.substr(0, program.find('.')) + " running";
+    module_started_ = std::chrono::steady_clock::now();
+    Label2.caption = progress_;
+  }
+  if (refresh) refresh();
+}
+
+void ThermLoad::Tick() {
+  if (!running_ || progress_.empty()) return;
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
+      std::chrono::steady_clock::now() - module_started_);
+  Label2.caption = progress_ + ", " + std::to_string(seconds.count()) + " s";
+}
+
 void ThermLoad::Simulate() {
-  BusyPointer busy(*session_.dialogs);
-  switch (RunPlan(session_, ThermGrid)) {
+  if (running_) return;
+  stop_requested_ = close_requested_ = false;
+  progress_.clear();
+  SetRunning(true);
+  RunEnd end = RunEnd::kModuleFailed;
+  try {
+    end = RunPlan(
+        session_, ThermGrid, [this](int row, int col) { CellChanged(row, col); }, true,
+        [this] { return stop_requested_; });
+  } catch (...) {
+    SetRunning(false);
+    throw;
+  }
+  SetRunning(false);
+  switch (end) {
     case RunEnd::kEmptyProject:
       Cancel();
       break;
@@ -87,11 +130,28 @@ void ThermLoad::Simulate() {
       break;
     case RunEnd::kLibraryFault:
     case RunEnd::kModuleFailed:
+    case RunEnd::kStopped:
       break;
   }
+  if (close_requested_) Unload();
+}
+
+void ThermLoad::Stop() {
+  if (!running_) return;
+  stop_requested_ = true;
+  session_.processes->Stop();
 }
 
 void ThermLoad::Cancel() {
+  if (running_) {
+    // The window goes once the run has stopped.
+    if (session_.dialogs->MsgBox("A simulation is running. Stop it and close the window?",
+                                 mb::kYesNo + mb::kQuestion, "Simulation") == Answer::kYes) {
+      close_requested_ = true;
+      Stop();
+    }
+    return;
+  }
   CancelAskingToSave(
       *this, *session_.dialogs, dirty_, "Thermal loads", [] { return true; }, [] {});
 }

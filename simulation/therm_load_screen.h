@@ -3,6 +3,9 @@
 // run itself.
 #pragma once
 
+#include <chrono>
+#include <string>
+
 #include "core/controls.h"
 
 namespace zelmo {
@@ -15,6 +18,7 @@ class ThermLoad : public Form {
   // The cases of CASES.LIB; the current case's row ticked throughout when
   // its THERMAL.INP is there, current and coloured.
   void Load() override;
+  // While a run is on, closing asks first and then stops the run.
   void QueryUnload() override { Cancel(); }
 
   // A press of a mouse button on the grid: a right-button press makes the
@@ -29,6 +33,12 @@ class ThermLoad : public Form {
   // the screen.
   void Simulate();
   void Cancel();
+  // Ends the running module and its programs; the run stops as after a
+  // failed module.
+  void Stop();
+  // The progress line once a second: the case, the module and its time.
+  void Tick();
+  bool running() const { return running_; }
 
   // Mouse buttons as the grid reports them.
   static constexpr int kLeftButton = 1;
@@ -43,11 +53,22 @@ class ThermLoad : public Form {
   Button Command3{this, "Command3"};  // Help
   Button Command4{this, "Command4"};  // Fill
   Button Command5{this, "Command5"};  // Clear
+  Button Command6{this, "Command6"};  // Stop
+  Label Label2{this, "Label2"};       // the progress line
 
  private:
   Session& session_;
+  void CellChanged(int row, int col);
+  // The buttons of a screen that is running or waiting.
+  void SetRunning(bool running);
+
   bool right_button_ = false;
   bool dirty_ = false;
+  bool running_ = false;
+  bool stop_requested_ = false;
+  bool close_requested_ = false;
+  std::string progress_;
+  std::chrono::steady_clock::time_point module_started_;
 };
 
 }  // namespace zelmo

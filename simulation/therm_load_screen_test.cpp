@@ -179,5 +179,33 @@ TEST(ThermLoad, AFailingModuleStopsTheRunWithItsCellRedAndTheTicksCleared) {
   EXPECT_FALSE(refused.unloaded);
 }
 
+TEST(ThermLoad, AStopDuringTheThirdModuleLeavesAFailedRun) {
+  Project p;
+  ThermLoad screen(p.fake.session);
+  screen.Load();
+  p.fake.processes.on_run = [&screen](const testing::RunCall& call) {
+    if (LastName(call.program) == "CORV.EXE") screen.Stop();
+  };
+  screen.Simulate();
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_FALSE(screen.running());
+  EXPECT_EQ(p.fake.processes.calls.size(), 3u);
+  EXPECT_EQ(p.Row(screen, 1), kNone);
+  EXPECT_EQ(screen.ThermGrid.CellBackColor(1, 5), Rgb(250, 0, 0));
+  EXPECT_TRUE(p.fake.dialogs.shown_forms.empty());
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/THERMAL.INP"), "XXXXXX\r\n");
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/ECM.Dat"),
+            "  999 CORV      \r\nStopped by the user\r\n0\r\n");
+
+  // Closed while a module runs: asked, stopped, and closed once the run is
+  // over.
+  p.fake.processes.on_run = [&screen](const testing::RunCall&) { screen.QueryUnload(); };
+  screen.Fill();
+  screen.Simulate();
+  EXPECT_EQ(p.fake.dialogs.Texts(),
+            (testing::Strings{"A simulation is running. Stop it and close the window?"}));
+  EXPECT_TRUE(screen.unloaded);
+}
+
 }  // namespace
 }  // namespace zelmo

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "simulation/therm_load_screen.h"
@@ -69,10 +70,19 @@ void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
   table->setMinimumWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
   table->setFixedHeight(Px(screen.ThermGrid.height));
   layout->addWidget(table);
+  layout->addWidget(Named<QLabel>(&dialog, "Label2"));
   layout->addSpacing(Px(120));
-  AddButtons(
-      dialog, layout,
-      {&screen.Command1, &screen.Command4, &screen.Command5, &screen.Command2, &screen.Command3});
+  AddButtons(dialog, layout,
+             {&screen.Command1, &screen.Command6, &screen.Command4, &screen.Command5,
+              &screen.Command2, &screen.Command3});
+  // The progress line counts the seconds of the running module.
+  auto* clock = new QTimer(&dialog);
+  QObject::connect(clock, &QTimer::timeout, &dialog, [&screen] {
+    if (!screen.running()) return;
+    screen.Tick();
+    if (screen.refresh) screen.refresh();
+  });
+  clock->start(1000);
 }
 
 }  // namespace zelmo::ui

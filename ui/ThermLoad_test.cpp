@@ -1,6 +1,8 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
+#include <chrono>
 #include <cstdlib>
 
 #include "core/file_system.h"
@@ -84,6 +86,41 @@ TEST(ThermLoadView, ReachedFromTheMainWindowTickedRunAndAFailingModuleShown) {
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "------\r\n");
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/MUK.LIS").empty(), false);
+}
+
+// A module that takes its time: the window repaints and takes clicks, the
+// progress line counts, and Stop ends the module.
+TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
+  ExampleProject p;
+  platform::QtProcessRunner live(true);
+  p.fake.session.processes = &live;
+  testing::WriteBytes(p.dir / "Example/Case1/STANDIN.INP", "NEB DELAY 30\r\n");
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  auto* grid = dialog->findChild<QTableWidget*>("ThermGrid");
+  auto* stop = dialog->findChild<QPushButton*>("Command6");
+  EXPECT_FALSE(stop->isEnabled());
+  QString running, progress;
+  bool stop_enabled = false;
+  QTimer::singleShot(2600, dialog.get(), [&] {
+    running = grid->item(1, 4)->text();
+    progress = dialog->findChild<QLabel*>("Label2")->text();
+    stop_enabled = stop->isEnabled();
+    SaveShot(dialog.get(), "ThermLoad_running");
+    QTest::mouseClick(stop, Qt::LeftButton);
+  });
+  const auto start = std::chrono::steady_clock::now();
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(running, ">");
+  EXPECT_EQ(grid->item(1, 4)->background().color(), QColor(250, 0, 0));
+  EXPECT_TRUE(progress == "case1: NEB running, 1 s" || progress == "case1: NEB running, 2 s")
+      << progress.toStdString();
+  EXPECT_TRUE(stop_enabled);
+  EXPECT_FALSE(stop->isEnabled());
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
 }
 
 }  // namespace

@@ -29,7 +29,8 @@ int RunProgram(QApplication& app) {
   session.desktop = &desktop;
   // The process runner: the calculation modules and the result programs
   // start through this port.
-  platform::QtProcessRunner processes;
+  // The windows stay alive while a module runs.
+  platform::QtProcessRunner processes(true);
   session.processes = &processes;
 
   if (QScreen* screen = QGuiApplication::primaryScreen()) {

@@ -100,6 +100,7 @@ Binder::Binder(Form& form, QWidget* root, Dialogs& dialogs, std::function<void()
     pairs_.push_back({control, object});
     Connect(control, object);
   }
+  form_.refresh = [this] { Sync(); };
 }
 
 QObject* Binder::WidgetOf(const Control* control) const {
@@ -115,6 +116,8 @@ Control* Binder::ControlOf(QObject* object) const {
   }
   return nullptr;
 }
+
+Binder::~Binder() { form_.refresh = nullptr; }
 
 void Binder::Fire(const std::function<void()>& event) {
   if (!event) return;

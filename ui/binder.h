@@ -31,6 +31,7 @@ class Binder : public QObject {
   // Binds every control of `form` to the child of `root` that has its name.
   // `on_unload` runs when an event leaves the form unloaded.
   Binder(Form& form, QWidget* root, Dialogs& dialogs, std::function<void()> on_unload);
+  ~Binder() override;
 
   // Runs a model event, guarded, then syncs the widgets.
   void Fire(const std::function<void()>& event);
