@@ -290,12 +290,12 @@ std::string CurtainLine(const CaseData& data, double number) {
 }
 
 void WriteOutputSelection(DatText& out, const CaseData& data) {
-  const OutputSpec* spec = data.output ? &*data.output : nullptr;
-  auto head = [&](int k) { return spec ? TrimBlanks(spec->head[k - 1]) : std::string(); };
+  const OutputSpec* chosen = data.output ? &*data.output : nullptr;
+  auto head = [&](int k) { return chosen ? TrimBlanks(chosen->head[k - 1]) : std::string(); };
   if (head(1) == "2" && head(2) == "-1") {
     out.Line("     1" + PadField(std::to_string(-static_cast<int>(data.volumes.size())), 6, "H"));
     for (const auto& volume : data.volumes) {
-      const OutputRow* row = spec->RowOf(static_cast<int>(Val(volume)));
+      const OutputRow* row = chosen->RowOf(static_cast<int>(Val(volume)));
       std::string ticked;
       for (int k = 1; row && k <= kOutputQuantities; ++k) {
         if (TrimBlanks(row->flags[k - 1]) != "-1") continue;
@@ -309,7 +309,7 @@ void WriteOutputSelection(DatText& out, const CaseData& data) {
   }
   std::string comfort;
   for (int volume = 1; volume <= kMaxVolumes; ++volume) {
-    const OutputRow* row = spec ? spec->RowOf(volume) : nullptr;
+    const OutputRow* row = chosen ? chosen->RowOf(volume) : nullptr;
     bool on = row && TrimBlanks(row->flags[kComfortFlag]) == "-1" && head(3) == "-1";
     comfort += on ? '1' : '0';
   }
