@@ -1,8 +1,6 @@
 #include "cli/commands.h"
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <mutex>
@@ -13,11 +11,12 @@
 #include "core/controls.h"
 #include "core/fields.h"
 #include "core/file_system.h"
+#include "core/guard.h"
 #include "core/session.h"
 #include "core/text_file.h"
-#include "libraries/window_library_export.h"
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
+#include "simulation/side_by_side.h"
 #include "workspace/case_store.h"
 #include "workspace/startup.h"
 
@@ -105,20 +104,18 @@ std::optional<std::array<bool, kModuleCount>> ParseModules(const std::string& li
 }
 
 // The lines of a run: one per module event.
-std::function<void(int, int)> ModuleLines(Context& c, const Grid& grid) {
-  return [&c, &grid](int row, int col) {
-    if (col < kFirstModuleColumn) return;
-    const std::string& cell = grid.Cell(row, col);
-    const char* event = cell == kRunning   ? "started"
-                        : cell == kEnded   ? "ended"
-                        : cell == kSkipped ? "skipped"
-                        : cell == kFailed  ? "failed"
-                                           : nullptr;
-    if (!event) return;
-    std::string program = kModulePrograms[col - kFirstModuleColumn];
-    program = program.substr(0, program.find('.'));
-    c.Out(RowCaseName(grid.Cell(row, kCaseColumn)) + ": " + program + " " + event);
-  };
+void ModuleLine(Context& c, int col, const Grid& case_grid) {
+  if (col < kFirstModuleColumn) return;
+  const std::string& cell = case_grid.Cell(1, col);
+  const char* event = cell == kRunning   ? "started"
+                      : cell == kEnded   ? "ended"
+                      : cell == kSkipped ? "skipped"
+                      : cell == kFailed  ? "failed"
+                                         : nullptr;
+  if (!event) return;
+  std::string program = kModulePrograms[col - kFirstModuleColumn];
+  program = program.substr(0, program.find('.'));
+  c.Out(RowCaseName(case_grid.Cell(1, kCaseColumn)) + ": " + program + " " + event);
 }
 
 // What the command line asks of a run.
@@ -130,57 +127,6 @@ struct RunRequest {
   std::vector<std::string> cases;
 };
 
-// How one case of a batch ended, for the summary.
-struct CaseOutcome {
-  std::string name;
-  int modules = 0;
-  std::string status = "not run";
-  double seconds = 0;
-};
-
-// One case in a plan of its own, with its own session: what a row of the
-// Simulation screen does. The lines of the run, the messages and the flags
-// are the same as for a run of that row alone.
-CaseOutcome RunOneCase(Context& c, const RunRequest& request, const std::string& row_text,
-                       bool write_library) {
-  CaseOutcome outcome;
-  outcome.name = RowCaseName(row_text);
-  const auto start = std::chrono::steady_clock::now();
-  Session session = c.session;
-  StreamDialogs dialogs([&c](const std::string& line) { c.Err(line); });
-  session.dialogs = &dialogs;
-  Form form("zelmo");
-  Grid grid(&form, "ThermGrid");
-  SetUpRunGrid(grid);
-  grid.AddRow();
-  grid.Cell(1, kCaseColumn) = row_text;
-  grid.Cell(1, request.run_modules ? kIncludeColumn : kPrepareColumn) = kWanted;
-  for (int m = 0; request.run_modules && m < kModuleCount; ++m) {
-    if (request.modules[m]) grid.Cell(1, kFirstModuleColumn + m) = kWanted;
-  }
-  const auto lines = ModuleLines(c, grid);
-  try {
-    const RunEnd end = RunPlan(
-        session, grid,
-        [&](int row, int col) {
-          if (grid.Cell(row, col) == kEnded || grid.Cell(row, col) == kFailed) ++outcome.modules;
-          lines(row, col);
-        },
-        write_library);
-    if (end == RunEnd::kCompleted) {
-      if (request.run_modules) CommitModuleFlags(session.ws, grid);
-      outcome.status = "ok";
-    } else {
-      outcome.status = end == RunEnd::kModuleFailed ? "failed" : "refused";
-    }
-  } catch (const FileError& error) {
-    c.Err(OneLine(error.UserText()));
-    outcome.status = "error";
-  }
-  outcome.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  return outcome;
-}
-
 std::string SummaryLine(const std::string& name, const std::string& modules,
                         const std::string& status, const std::string& time) {
   std::string line = PadField(name, std::max<int>(12, static_cast<int>(name.size())), "V");
@@ -188,41 +134,42 @@ std::string SummaryLine(const std::string& name, const std::string& modules,
          PadField(time, 9, "H");
 }
 
-// Several cases at once: Wndw.Lib written once, then up to `jobs` cases side
-// by side, each with its modules in order; a summary table at the end.
-int RunBatch(Context& c, const RunRequest& request, const std::vector<std::string>& rows) {
-  try {
-    if (!WriteWindowLibrary(c.session.ws)) {
-      c.Err(std::string(kRunTitle) + ": " + kWindowLibraryFault);
-      return kExitFailed;
+// The cases of `rows` as the Simulation screen runs its ticked rows side by
+// side: Wndw.Lib written once, then up to `jobs` cases at a time, each with
+// its modules in order. Several cases end with a summary table.
+int RunRows(Context& c, const RunRequest& request, const std::vector<std::string>& rows,
+            bool summary) {
+  Form form("zelmo");
+  Grid grid(&form, "ThermGrid");
+  SetUpRunGrid(grid);
+  for (const std::string& row_text : rows) {
+    grid.AddRow();
+    const int row = grid.rows() - 1;
+    grid.Cell(row, kCaseColumn) = row_text;
+    grid.Cell(row, request.run_modules ? kIncludeColumn : kPrepareColumn) = kWanted;
+    for (int m = 0; request.run_modules && m < kModuleCount; ++m) {
+      if (request.modules[m]) grid.Cell(row, kFirstModuleColumn + m) = kWanted;
     }
-  } catch (const FileError& error) {
-    c.Err(OneLine(error.UserText()));
+  }
+  SideBySide how;
+  how.jobs = request.jobs > 0 ? request.jobs
+                              : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  how.case_dialogs = c.session.dialogs;
+  how.cell_changed = [&c](int, int col, const Grid& case_grid) { ModuleLine(c, col, case_grid); };
+  RunEnd end = RunEnd::kCompleted;
+  std::vector<CaseOutcome> outcomes;
+  if (!RunGuarded(*c.session.dialogs,
+                  [&] { outcomes = RunSideBySide(c.session, grid, how, end); })) {
     return kExitFailed;
   }
-  std::vector<CaseOutcome> outcomes(rows.size());
-  std::atomic<size_t> next{0};
-  auto work = [&] {
-    for (size_t k; (k = next++) < rows.size();) {
-      outcomes[k] = RunOneCase(c, request, rows[k], false);
-    }
-  };
-  int jobs = request.jobs > 0 ? request.jobs
-                              : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-  jobs = std::min<int>(jobs, static_cast<int>(rows.size()));
-  std::vector<std::thread> workers;
-  for (int j = 1; j < jobs; ++j) workers.emplace_back(work);
-  work();
-  for (auto& worker : workers) worker.join();
-  bool failed = false;
+  if (!summary || outcomes.empty()) return end == RunEnd::kCompleted ? kExitOk : kExitFailed;
   c.Out(SummaryLine("case", "modules", "status", "time"));
   for (const CaseOutcome& outcome : outcomes) {
     char seconds[32];
     std::snprintf(seconds, sizeof seconds, "%.1f s", outcome.seconds);
-    c.Out(SummaryLine(outcome.name, std::to_string(outcome.modules), outcome.status, seconds));
-    failed = failed || outcome.status != "ok";
+    c.Out(SummaryLine(outcome.name, std::to_string(outcome.modules), outcome.Status(), seconds));
   }
-  return failed ? kExitFailed : kExitOk;
+  return end == RunEnd::kCompleted ? kExitOk : kExitFailed;
 }
 
 int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules) {
@@ -277,11 +224,7 @@ int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules)
     rows.push_back(grid.Cell(row, kCaseColumn));
   }
   // One case named alone runs as the screen runs its row, with no table.
-  if (!request.all && rows.size() == 1 && request.jobs == 0) {
-    const CaseOutcome outcome = RunOneCase(c, request, rows[0], true);
-    return outcome.status == "ok" ? kExitOk : kExitFailed;
-  }
-  return RunBatch(c, request, rows);
+  return RunRows(c, request, rows, request.all || rows.size() > 1 || request.jobs != 0);
 }
 
 int ListCases(Context& c, const std::vector<std::string>& args) {

@@ -2,8 +2,10 @@
 // implementation lives with the Qt views; tests use a scripted fake.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace zelmo {
@@ -54,6 +56,11 @@ class Dialogs {
   virtual void SetBusy(bool busy) = 0;
   // Width of a text in the screens' font, in twips.
   virtual int TextWidth(const std::string& text) = 0;
+  // Lets the windows repaint and take the user's input for up to
+  // `milliseconds`, while this thread waits for work done elsewhere.
+  virtual void DoEvents(int milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+  }
 };
 
 // The hourglass for as long as the object lives.

@@ -1,8 +1,11 @@
 #include "platform/qt_process.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QProcess>
 #include <QStringList>
+#include <QThread>
+#include <optional>
 
 #include "platform/qt_text.h"
 
@@ -42,11 +45,16 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
   // A group of its own, so that a stop reaches the programs it starts too.
   process.setChildProcessModifier([] { setpgid(0, 0); });
 #endif
-  QEventLoop loop;
-  if (keep_window_alive_) {
-    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&process, &QProcess::errorOccurred, &loop, [&loop, &process] {
-      if (process.state() == QProcess::NotRunning) loop.quit();
+  // Only the thread of the windows keeps them alive; a case run in a thread
+  // of its own just waits.
+  QCoreApplication* app = QCoreApplication::instance();
+  const bool alive = keep_window_alive_ && app && QThread::currentThread() == app->thread();
+  std::optional<QEventLoop> loop;
+  if (alive) {
+    loop.emplace();
+    QObject::connect(&process, &QProcess::finished, &*loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &*loop, [&loop, &process] {
+      if (process.state() == QProcess::NotRunning) loop->quit();
     });
   }
   process.start();
@@ -55,8 +63,8 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
     std::lock_guard<std::mutex> lock(mutex_);
     running_.insert(&process);
   }
-  if (keep_window_alive_) {
-    if (process.state() != QProcess::NotRunning) loop.exec();
+  if (alive) {
+    if (process.state() != QProcess::NotRunning) loop->exec();
   } else {
     process.waitForFinished(-1);
   }

@@ -19,10 +19,6 @@ namespace zelmo {
 
 namespace {
 
-bool Ticked(const Grid& grid, int row, int col) {
-  return TrimBlanks(grid.Cell(row, col)) == kWanted;
-}
-
 // The folder of a row's case. A row without a plain name would reach the
 // project's folder or one above it: its register line is damaged.
 std::string RowCasePath(const Workspace& ws, const Grid& grid, int row) {
@@ -34,6 +30,10 @@ std::string RowCasePath(const Workspace& ws, const Grid& grid, int row) {
 }
 
 }  // namespace
+
+bool Ticked(const Grid& grid, int row, int col) {
+  return TrimBlanks(grid.Cell(row, col)) == kWanted;
+}
 
 std::string RowCaseName(const std::string& row_text) {
   return TrimBlanks(FieldBefore(row_text, " - "));
@@ -84,6 +84,18 @@ void ClearTicks(Grid& grid) {
   }
 }
 
+std::optional<RunEnd> CheckBeforeCases(Session& session, bool write_library) {
+  if (!FileCanOpen(CasesFilePath(session.ws))) {
+    session.dialogs->MsgBox(kProjectEmpty, mb::kExclamation, kRunTitle);
+    return RunEnd::kEmptyProject;
+  }
+  if (write_library && !WriteWindowLibrary(session.ws)) {
+    session.dialogs->MsgBox(kWindowLibraryFault, mb::kExclamation, kRunTitle);
+    return RunEnd::kLibraryFault;
+  }
+  return std::nullopt;
+}
+
 RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>& cell_changed,
                bool write_library, const std::function<bool()>& stopped) {
   Workspace& ws = session.ws;
@@ -92,14 +104,7 @@ RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>
     grid.Cell(row, col) = text;
     if (cell_changed) cell_changed(row, col);
   };
-  if (!FileCanOpen(CasesFilePath(ws))) {
-    dialogs.MsgBox(kProjectEmpty, mb::kExclamation, kRunTitle);
-    return RunEnd::kEmptyProject;
-  }
-  if (write_library && !WriteWindowLibrary(ws)) {
-    dialogs.MsgBox(kWindowLibraryFault, mb::kExclamation, kRunTitle);
-    return RunEnd::kLibraryFault;
-  }
+  if (auto refused = CheckBeforeCases(session, write_library)) return *refused;
   const std::string name = ws.CaseName, headline = ws.CaseHeadline, path = ws.CasePath;
   for (int row = 1; row < grid.rows(); ++row) {
     const bool prepare = Ticked(grid, row, kPrepareColumn);

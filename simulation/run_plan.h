@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/controls.h"
@@ -42,6 +43,9 @@ inline constexpr const char* kProjectEmpty = "Project is empty ";
 std::string RowCaseName(const std::string& row_text);
 std::string RowHeadline(const std::string& row_text);
 
+// Whether a cell of the plan holds its tick.
+bool Ticked(const Grid& grid, int row, int col);
+
 // The plan's grid: a header row, then one row per case; columns as above.
 void SetUpRunGrid(Grid& grid);
 // One row per line of the project's CASES.LIB, every tick empty. False when
@@ -59,6 +63,11 @@ enum class RunEnd {
   kModuleFailed,  // a module failed: the ticks are cleared, nothing is committed
   kStopped,       // the user stopped a module: left as after a failed module
 };
+
+// The checks before any case runs: a project without CASES.LIB, and
+// Wndw.Lib (when `write_library`) refused for a window type without panes.
+// Each speaks through the session's dialogs; nothing when the run may go on.
+std::optional<RunEnd> CheckBeforeCases(Session& session, bool write_library);
 
 // The run over the ticked rows: Wndw.Lib, then for each row prepared or
 // included the case's DAT files, and for an included row the status file and

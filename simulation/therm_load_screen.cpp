@@ -1,5 +1,10 @@
 #include "simulation/therm_load_screen.h"
 
+#include <algorithm>
+#include <mutex>
+#include <thread>
+#include <tuple>
+
 #include "core/dialogs.h"
 #include "core/fields.h"
 #include "core/form_helpers.h"
@@ -9,6 +14,7 @@
 #include "simulation/help_topics.h"
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
+#include "simulation/side_by_side.h"
 #include "workspace/project_store.h"
 
 namespace zelmo {
@@ -25,6 +31,8 @@ ThermLoad::ThermLoad(Session& session) : Form("ThermLoad"), session_(session) {
   Command5.caption = "C&lear";
   Command6.caption = "S&top";
   Command6.enabled = false;
+  Check1.caption = "Run cases side by side";
+  side_by_side_jobs = std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
   ThermGrid.height = 7500;
   SetUpRunGrid(ThermGrid);
   Command1.on_click = [this] { Simulate(); };
@@ -81,39 +89,54 @@ void ThermLoad::Clear() { ClearTicks(ThermGrid); }
 
 void ThermLoad::SetRunning(bool running) {
   running_ = running;
-  for (Button* button : {&Command1, &Command4, &Command5}) button->enabled = !running;
+  for (Control* control : {static_cast<Control*>(&Command1), static_cast<Control*>(&Command4),
+                           static_cast<Control*>(&Command5), static_cast<Control*>(&Check1)}) {
+    control->enabled = !running;
+  }
   Command6.enabled = running;
+  running_modules_.clear();
   if (!running) Label2.caption.clear();
 }
 
 void ThermLoad::CellChanged(int row, int col) {
-  if (col >= kFirstModuleColumn && ThermGrid.Cell(row, col) == kRunning) {
-    std::string program = kModulePrograms[col - kFirstModuleColumn];
-    progress_ = RowCaseName(ThermGrid.Cell(row, kCaseColumn)) + ": " +
-                program.substr(0, program.find('.')) + " running";
-    module_started_ = std::chrono::steady_clock::now();
-    Label2.caption = progress_;
+  if (col >= kFirstModuleColumn) {
+    if (ThermGrid.Cell(row, col) == kRunning) {
+      std::string program = kModulePrograms[col - kFirstModuleColumn];
+      running_modules_[row] = {RowCaseName(ThermGrid.Cell(row, kCaseColumn)) + ": " +
+                                   program.substr(0, program.find('.')) + " running",
+                               std::chrono::steady_clock::now()};
+    } else {
+      running_modules_.erase(row);
+    }
+    Tick();
   }
   if (refresh) refresh();
 }
 
 void ThermLoad::Tick() {
-  if (!running_ || progress_.empty()) return;
-  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
-      std::chrono::steady_clock::now() - module_started_);
-  Label2.caption = progress_ + ", " + std::to_string(seconds.count()) + " s";
+  if (!running_ || running_modules_.empty()) return;
+  const auto now = std::chrono::steady_clock::now();
+  std::string line;
+  for (const auto& [row, module] : running_modules_) {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - module.started);
+    line +=
+        (line.empty() ? "" : "; ") + module.text + ", " + std::to_string(seconds.count()) + " s";
+  }
+  Label2.caption = line;
 }
 
 void ThermLoad::Simulate() {
   if (running_) return;
-  stop_requested_ = close_requested_ = false;
-  progress_.clear();
+  stop_requested_ = false;
+  close_requested_ = false;
   SetRunning(true);
   RunEnd end = RunEnd::kModuleFailed;
   try {
-    end = RunPlan(
-        session_, ThermGrid, [this](int row, int col) { CellChanged(row, col); }, true,
-        [this] { return stop_requested_; });
+    end = Check1.value
+              ? SimulateSideBySide()
+              : RunPlan(
+                    session_, ThermGrid, [this](int row, int col) { CellChanged(row, col); }, true,
+                    [this] { return stop_requested_.load(); });
   } catch (...) {
     SetRunning(false);
     throw;
@@ -124,7 +147,8 @@ void ThermLoad::Simulate() {
       Cancel();
       break;
     case RunEnd::kCompleted:
-      CommitModuleFlags(session_.ws, ThermGrid);
+      // Cases run side by side commit their flags as each ends.
+      if (!Check1.value) CommitModuleFlags(session_.ws, ThermGrid);
       dirty_ = false;
       Unload();
       break;
@@ -134,6 +158,64 @@ void ThermLoad::Simulate() {
       break;
   }
   if (close_requested_) Unload();
+}
+
+RunEnd ThermLoad::SimulateSideBySide() {
+  // The cases' threads hand over what they show and which cells they write;
+  // this thread carries both out while it keeps the window alive.
+  CrossThreadDialogs dialogs(*session_.dialogs);
+  std::mutex mutex;
+  std::vector<std::tuple<int, int, std::string>> cells;
+  auto take_over = [&] {
+    decltype(cells) changed;
+    {
+      std::lock_guard<std::mutex> lock(mutex);
+      changed.swap(cells);
+    }
+    for (auto& [row, col, text] : changed) {
+      ThermGrid.Cell(row, col) = text;
+      CellChanged(row, col);
+    }
+    dialogs.Pump();
+  };
+  SideBySide how;
+  how.jobs = side_by_side_jobs;
+  how.case_dialogs = &dialogs;
+  how.stopped = [this] { return stop_requested_.load(); };
+  how.cell_changed = [&](int row, int col, const Grid& case_grid) {
+    std::lock_guard<std::mutex> lock(mutex);
+    cells.emplace_back(row, col, case_grid.Cell(1, col));
+  };
+  how.idle = [&] {
+    take_over();
+    session_.dialogs->DoEvents(50);
+  };
+  RunEnd end = RunEnd::kCompleted;
+  const auto outcomes = RunSideBySide(session_, ThermGrid, how, end);
+  take_over();
+  // Each row as its case left it. A case that ended cleanly has its flags
+  // committed: its ticks go, so that a second Simulate does not run it again.
+  size_t k = 0;
+  for (int row = 1; row < ThermGrid.rows() && k < outcomes.size(); ++row) {
+    if (!Ticked(ThermGrid, row, kPrepareColumn) && !Ticked(ThermGrid, row, kIncludeColumn))
+      continue;
+    const CaseOutcome& outcome = outcomes[k++];
+    if (!outcome.ran) continue;
+    for (int col = 0; col < static_cast<int>(outcome.cells.size()); ++col) {
+      ThermGrid.Cell(row, col) = outcome.cells[col];
+    }
+    if (outcome.failed_col >= 0) {
+      ThermGrid.SetCellBackColor(row, outcome.failed_col, kFailedColor);
+      ThermGrid.row = row;
+      ThermGrid.col = outcome.failed_col;
+    }
+    if (end != RunEnd::kCompleted) {
+      ThermGrid.Cell(row, kPrepareColumn).clear();
+      ThermGrid.Cell(row, kIncludeColumn).clear();
+    }
+  }
+  if (end == RunEnd::kStopped) ClearTicks(ThermGrid);
+  return end;
 }
 
 void ThermLoad::Stop() {

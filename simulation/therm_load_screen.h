@@ -3,10 +3,13 @@
 // run itself.
 #pragma once
 
+#include <atomic>
 #include <chrono>
+#include <map>
 #include <string>
 
 #include "core/controls.h"
+#include "simulation/run_plan.h"
 
 namespace zelmo {
 
@@ -36,7 +39,8 @@ class ThermLoad : public Form {
   // Ends the running module and its programs; the run stops as after a
   // failed module.
   void Stop();
-  // The progress line once a second: the case, the module and its time.
+  // The progress line once a second: the case, the module and its time, for
+  // each case running.
   void Tick();
   bool running() const { return running_; }
 
@@ -55,20 +59,30 @@ class ThermLoad : public Form {
   Button Command5{this, "Command5"};  // Clear
   Button Command6{this, "Command6"};  // Stop
   Label Label2{this, "Label2"};       // the progress line
+  // Off: the rows run one after another, as they always have. On: up to
+  // `side_by_side_jobs` cases at once, each with its modules in order.
+  CheckBox Check1{this, "Check1"};
+  int side_by_side_jobs = 2;
 
  private:
   Session& session_;
   void CellChanged(int row, int col);
+  // The run over the ticked rows with several cases at once.
+  RunEnd SimulateSideBySide();
   // The buttons of a screen that is running or waiting.
   void SetRunning(bool running);
 
   bool right_button_ = false;
   bool dirty_ = false;
   bool running_ = false;
-  bool stop_requested_ = false;
+  std::atomic<bool> stop_requested_ = false;
   bool close_requested_ = false;
-  std::string progress_;
-  std::chrono::steady_clock::time_point module_started_;
+  // The running module of each row, and when it started.
+  struct Running {
+    std::string text;
+    std::chrono::steady_clock::time_point started;
+  };
+  std::map<int, Running> running_modules_;
 };
 
 }  // namespace zelmo

@@ -207,5 +207,41 @@ TEST(ThermLoad, AStopDuringTheThirdModuleLeavesAFailedRun) {
   EXPECT_TRUE(screen.unloaded);
 }
 
+// Side by side: case3 fails in CORV while case1 runs to its end; the
+// screen stays with case3's cell red, case1 committed and no tick left.
+TEST(ThermLoad, CasesSideBySideEachEndAsAloneAndAFailureStaysWithItsCase) {
+  Project p;
+  CopyFolderTree(p.dir / "Office/Case1", p.dir / "Office/case3");
+  WriteBytes(p.dir / "Office/CASES.LIB",
+             "Case1 - Two rooms\r\ncase2 - Nothing\r\ncase3 - Two rooms\r\n");
+  const auto standin = p.fake.processes.on_run;
+  p.fake.processes.on_run = [&](const testing::RunCall& call) {
+    standin(call);
+    if (call.arguments[0].find("case3") != std::string::npos &&
+        LastName(call.program) == "CORV.EXE")
+      WriteBytes(JoinPath(call.arguments[0], "ECM.Dat"), "  301 CORV\r\nBroken\r\n0\r\n");
+  };
+  ThermLoad screen(p.fake.session);
+  screen.Load();
+  EXPECT_EQ(screen.Check1.caption, "Run cases side by side");
+  EXPECT_EQ(screen.Check1.value, 0);
+  screen.Check1.value = 1;
+  screen.Fill();
+  screen.Simulate();
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_FALSE(screen.running());
+  EXPECT_EQ(p.fake.processes.calls.size(), 9u);
+  EXPECT_EQ(p.fake.dialogs.Texts(),
+            (testing::Strings{"There are no volumes for case : " + p.dir / "Office/case2"}));
+  EXPECT_EQ(p.fake.dialogs.shown_forms, (testing::Strings{"Errform"}));
+  EXPECT_EQ(p.Row(screen, 1), (Cells{"", "", "> <", "> <", "> <", "> <", "> <", "> <"}));
+  EXPECT_EQ(p.Row(screen, 3), kNone);
+  EXPECT_EQ(screen.ThermGrid.CellBackColor(3, 5), Rgb(250, 0, 0));
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(ReadBytes(p.dir / "Office/case3/THERMAL.INP"), "XXXXXX\r\n");
+  EXPECT_EQ(ReadBytes(p.dir / "Office/case3/DAT2.DAT"), ReadBytes(p.dir / "Office/Case1/DAT2.DAT"));
+  EXPECT_EQ(p.fake.ws().CasePath, p.dir / "Office/Case1");
+}
+
 }  // namespace
 }  // namespace zelmo

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -71,6 +72,7 @@ void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
   table->setFixedHeight(Px(screen.ThermGrid.height));
   layout->addWidget(table);
   layout->addWidget(Named<QLabel>(&dialog, "Label2"));
+  layout->addWidget(Named<QCheckBox>(&dialog, screen.Check1));
   layout->addSpacing(Px(120));
   AddButtons(dialog, layout,
              {&screen.Command1, &screen.Command6, &screen.Command4, &screen.Command5,

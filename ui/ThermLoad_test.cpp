@@ -1,3 +1,5 @@
+#include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -121,6 +123,50 @@ TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
   EXPECT_FALSE(stop->isEnabled());
   EXPECT_FALSE(screen.unloaded);
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
+}
+
+// Two cases side by side: both first modules run at once, the progress line
+// names both, the window repaints and takes the Stop, and both cases are
+// left as failed runs.
+TEST(ThermLoadView, CasesSideBySideRunAtOnceAndStop) {
+  ExampleProject p;
+  CopyFolderTree(p.dir / "Example/Case1", p.dir / "Example/case2");
+  testing::WriteBytes(p.dir / "Example/CASES.LIB", "case1 - One\r\ncase2 - Two\r\n");
+  for (const char* name : {"Case1", "case2"}) {
+    testing::WriteBytes(p.dir / ("Example/" + std::string(name) + "/STANDIN.INP"),
+                        "PLOR DELAY 30\r\n");
+  }
+  p.fake.dialogs.do_events = [](int milliseconds) { QTest::qWait(milliseconds); };
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  auto* grid = dialog->findChild<QTableWidget*>("ThermGrid");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command4"), Qt::LeftButton);  // Fill
+  auto* side = dialog->findChild<QCheckBox*>("Check1");
+  EXPECT_EQ(side->text(), "Run cases side by side");
+  side->click();
+  QStringList running;
+  QString progress;
+  QTimer::singleShot(1500, dialog.get(), [&] {
+    running = {grid->item(1, 3)->text(), grid->item(2, 3)->text()};
+    progress = dialog->findChild<QLabel*>("Label2")->text();
+    EXPECT_FALSE(side->isEnabled());
+    SaveShot(dialog.get(), "ThermLoad_side_by_side");
+    QTest::mouseClick(dialog->findChild<QPushButton*>("Command6"), Qt::LeftButton);
+  });
+  const auto start = std::chrono::steady_clock::now();
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(running, (QStringList{">", ">"}));
+  EXPECT_TRUE(progress.startsWith("case1: PLOR running, ") &&
+              progress.contains("; case2: PLOR running, "))
+      << progress.toStdString();
+  for (int row : {1, 2}) {
+    EXPECT_EQ(grid->item(row, 3)->background().color(), QColor(250, 0, 0));
+    EXPECT_EQ(grid->item(row, kIncludeColumn)->text(), "");
+  }
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/case2/THERMAL.INP"), "XXXXXX\r\n");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <optional>
 #include <vector>
@@ -252,6 +254,12 @@ void QtDialogs::SetBusy(bool busy) {
 
 int QtDialogs::TextWidth(const std::string& text) {
   return Twips(QFontMetrics(QApplication::font()).horizontalAdvance(Q(text)));
+}
+
+void QtDialogs::DoEvents(int milliseconds) {
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
 }
 
 }  // namespace zelmo::ui

@@ -23,6 +23,7 @@ class QtDialogs : public Dialogs {
   std::optional<std::string> ChooseFile(const FileChoice& choice) override;
   void SetBusy(bool busy) override;
   int TextWidth(const std::string& text) override;
+  void DoEvents(int milliseconds) override;
 
  private:
   Session& session_;

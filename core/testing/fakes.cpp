@@ -100,8 +100,13 @@ void FakeSettings::Save(const std::string& application, const std::string& secti
 
 void FakeProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
                             int window_mode) {
-  calls.push_back({program, arguments, window_mode});
-  if (on_run) on_run(calls.back());
+  RunCall call{program, arguments, window_mode};
+  {
+    // Cases run side by side start their modules from threads of their own.
+    std::lock_guard<std::mutex> lock(mutex);
+    calls.push_back(call);
+  }
+  if (on_run) on_run(call);
 }
 
 void FakeDesktop::ShowHelp(const std::string& help_file, int context) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,12 @@ class FakeDialogs : public Dialogs {
   std::optional<std::string> ChooseFile(const FileChoice& choice) override;
   void SetBusy(bool busy) override { busy_calls.push_back(busy); }
   int TextWidth(const std::string& text) override { return 100 * static_cast<int>(text.size()); }
+  // Waits as the port does, or as a test of a shown window says.
+  void DoEvents(int milliseconds) override {
+    if (do_events) return do_events(milliseconds);
+    Dialogs::DoEvents(milliseconds);
+  }
+  std::function<void(int)> do_events;
 
   // Answers for the next message boxes, in order; when none is queued a box
   // is answered with its default button's usual answer (OK, Yes or Retry).
@@ -82,6 +89,7 @@ class FakeProcessRunner : public ProcessRunner {
            int window_mode) override;
   std::vector<RunCall> calls;
   std::function<void(const RunCall&)> on_run;
+  std::mutex mutex;
 };
 
 class FakeDesktop : public Desktop {
