@@ -224,6 +224,9 @@ class Form {
   // Set by CenterForm: the window is centred by the size it is shown at.
   bool centered = false;
   bool unloaded = false;
+  // Set by a screen that has agreed to close and goes once its work (a run
+  // of the modules) has stopped.
+  bool closing = false;
   int help_context = 0;
   // The control that asked for the focus in the last event, or empty.
   std::string focus;

@@ -128,7 +128,7 @@ void ThermLoad::Tick() {
 void ThermLoad::Simulate() {
   if (running_) return;
   stop_requested_ = false;
-  close_requested_ = false;
+  closing = false;
   SetRunning(true);
   RunEnd end = RunEnd::kModuleFailed;
   try {
@@ -157,7 +157,7 @@ void ThermLoad::Simulate() {
     case RunEnd::kStopped:
       break;
   }
-  if (close_requested_) Unload();
+  if (closing) Unload();
 }
 
 RunEnd ThermLoad::SimulateSideBySide() {
@@ -229,7 +229,7 @@ void ThermLoad::Cancel() {
     // The window goes once the run has stopped.
     if (session_.dialogs->MsgBox("A simulation is running. Stop it and close the window?",
                                  mb::kYesNo + mb::kQuestion, "Simulation") == Answer::kYes) {
-      close_requested_ = true;
+      closing = true;
       Stop();
     }
     return;

@@ -76,7 +76,6 @@ class ThermLoad : public Form {
   bool dirty_ = false;
   bool running_ = false;
   std::atomic<bool> stop_requested_ = false;
-  bool close_requested_ = false;
   // The running module of each row, and when it started.
   struct Running {
     std::string text;

@@ -220,6 +220,17 @@ bool StartWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void StartWindow::closeEvent(QCloseEvent* event) {
+  // A screen open over the window is asked first: a running simulation asks
+  // whether to stop, and the program ends once the screen has gone.
+  if (auto* screen = dynamic_cast<ScreenDialog*>(QApplication::activeModalWidget())) {
+    if (!screen->close()) {
+      event->ignore();
+      if (screen->form().closing) {
+        connect(screen, &QDialog::finished, this, &QWidget::close, Qt::QueuedConnection);
+      }
+      return;
+    }
+  }
   if (!form_.unloaded) {
     binder_->Fire([this] { form_.QueryUnload(); });
     if (!form_.unloaded) {

@@ -14,6 +14,7 @@
 #include "simulation/run_plan.h"
 #include "simulation/therm_load_screen.h"
 #include "ui/commands.h"
+#include "ui/start_window.h"
 #include "ui/test_support.h"
 #include "workspace/start_form.h"
 
@@ -122,6 +123,33 @@ TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
   EXPECT_TRUE(stop_enabled);
   EXPECT_FALSE(stop->isEnabled());
   EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
+}
+
+// Closing the program while a module runs: the Simulation screen asks, the
+// run stops as a failed run, and the main window goes once the screen has.
+TEST(ThermLoadView, ClosingTheProgramDuringARunAsksStopsAndEnds) {
+  ExampleProject p;
+  platform::QtProcessRunner live(true);
+  p.fake.session.processes = &live;
+  testing::WriteBytes(p.dir / "Example/Case1/STANDIN.INP", "PLOR DELAY 30\r\n");
+  StartForm main(p.fake.session);
+  StartWindow window(main, p.fake.session);
+  window.show();
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  dialog->hide();
+  dialog->setWindowModality(Qt::ApplicationModal);
+  dialog->show();
+  p.fake.dialogs.answers = {Answer::kYes};
+  QTimer::singleShot(1000, &window, [&] { window.close(); });
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_EQ(p.fake.dialogs.Texts(),
+            (testing::Strings{"A simulation is running. Stop it and close the window?"}));
+  EXPECT_TRUE(screen.unloaded);
+  QTest::qWait(50);
+  EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
 }
 

@@ -44,6 +44,7 @@ class ScreenDialog : public QDialog {
  public:
   ScreenDialog(Form& form, Dialogs& dialogs);
   Binder* binder() const { return binder_; }
+  Form& form() const { return form_; }
   void Bind();
 
  protected:
