@@ -65,6 +65,8 @@ void ThermLoad::Load() {
 void ThermLoad::GridMouseDown(int button) { right_button_ = button == kRightButton; }
 
 void ThermLoad::GridClick() {
+  // The plan stands while it runs.
+  if (running_) return;
   if (right_button_) {
     right_button_ = false;
     return;

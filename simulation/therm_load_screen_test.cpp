@@ -184,7 +184,13 @@ TEST(ThermLoad, AStopDuringTheThirdModuleLeavesAFailedRun) {
   ThermLoad screen(p.fake.session);
   screen.Load();
   p.fake.processes.on_run = [&screen](const testing::RunCall& call) {
-    if (LastName(call.program) == "CORV.EXE") screen.Stop();
+    if (LastName(call.program) != "CORV.EXE") return;
+    // A click on the grid while a module runs leaves the plan alone.
+    screen.ThermGrid.row = 1;
+    screen.ThermGrid.col = 8;
+    screen.GridClick();
+    EXPECT_EQ(screen.ThermGrid.Cell(1, 8), "X");
+    screen.Stop();
   };
   screen.Simulate();
   EXPECT_FALSE(screen.unloaded);
