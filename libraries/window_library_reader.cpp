@@ -126,6 +126,10 @@ LibraryWindow ReadWindow(TextReader& reader) {
 
 WindowLibrary ReadWindowLibrary(const std::string& path) {
   TextReader reader(path);
+  return ReadWindowLibrary(reader);
+}
+
+WindowLibrary ReadWindowLibrary(TextReader& reader) {
   WindowLibrary library;
   const int glasses = Count(reader, kMaxGlassTypes);
   Closing(reader);

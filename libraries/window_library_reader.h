@@ -53,5 +53,7 @@ struct WindowLibrary {
 // more records than the libraries allow or has a record out of step (a
 // closing line that isn't blank) throws FileError naming the line.
 WindowLibrary ReadWindowLibrary(const std::string& path);
+class TextReader;
+WindowLibrary ReadWindowLibrary(TextReader& reader);
 
 }  // namespace zelmo

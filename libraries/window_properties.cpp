@@ -36,6 +36,14 @@ std::optional<GlazingPane> PaneOf(const LibraryGlass& glass, bool reversed) {
     if (glass.type != "3" && glass.angle_rows < 1) return std::nullopt;
     pane.solar = {glass.tau, glass.rho_front, glass.rho_back};
   }
+  // Fractions that no glass can have would pass on into the whole.
+  const SolarFaces& solar = pane.solar;
+  auto fraction = [](double value) { return value >= -1e-9 && value <= 1 + 1e-9; };
+  if (!fraction(solar.tau) || !fraction(solar.rho_front) || !fraction(solar.rho_back) ||
+      !fraction(solar.tau + solar.rho_front) || !fraction(solar.tau + solar.rho_back) ||
+      !fraction(pane.eps_front) || !fraction(pane.eps_back)) {
+    return std::nullopt;
+  }
   if (reversed) {
     std::swap(pane.eps_front, pane.eps_back);
     std::swap(pane.solar.rho_front, pane.solar.rho_back);
@@ -47,12 +55,15 @@ std::optional<GlazingPane> PaneOf(const LibraryGlass& glass, bool reversed) {
 
 WindowOutcome WindowPropertiesOf(const std::string& project, int window) {
   const std::string path = JoinPath(project, kWindowLibraryFile);
-  WindowLibrary library;
   try {
-    library = ReadWindowLibrary(path);
+    return WindowPropertiesIn(ReadWindowLibrary(path), path, window);
   } catch (const FileError& error) {
     return {std::nullopt, error.UserText()};
   }
+}
+
+WindowOutcome WindowPropertiesIn(const WindowLibrary& library, const std::string& path,
+                                 int window) {
   const std::string number = "window type " + std::to_string(window);
   if (window < 1 || window > static_cast<int>(library.windows.size())) {
     return {std::nullopt, number + " is not in " + path};
@@ -67,7 +78,7 @@ WindowOutcome WindowPropertiesOf(const std::string& project, int window) {
       return {std::nullopt, "glass type " + pane.glass + " of " + which + " is not in " + path};
     const auto glazing_pane = PaneOf(*glass, pane.reversed);
     if (!glazing_pane) {
-      return {std::nullopt, "glass type " + pane.glass + " has no data at normal incidence"};
+      return {std::nullopt, "glass type " + pane.glass + " has no sound data at normal incidence"};
     }
     glazing.panes.push_back(*glazing_pane);
   }

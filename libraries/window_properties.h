@@ -11,6 +11,7 @@
 namespace zelmo {
 
 struct Workspace;
+struct WindowLibrary;
 
 inline constexpr const char* kExchangeFile = "UGFile.txt";
 
@@ -37,6 +38,8 @@ struct WindowOutcome {
   std::string fault;
 };
 WindowOutcome WindowPropertiesOf(const std::string& project, int window);
+// The same from the library read already from `path`.
+WindowOutcome WindowPropertiesIn(const WindowLibrary& library, const std::string& path, int window);
 
 // The routine of this program: the project folder from the first line of the
 // exchange file, the rest from WindowPropertiesOf. No result when the

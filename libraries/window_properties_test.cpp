@@ -26,10 +26,10 @@ std::string TypeLine(int number, const std::string& name, const std::string& cel
 // the window type screen writes it.
 struct Library : LibraryCase {
   explicit Library(const std::string& types) {
-    // A table glass without an angle row.
+    // A table glass without an angle row, and normal data that no glass has.
     const std::string empty = std::string(12, '\t') + "\r\n";
-    Put("GLASSTP.INP",
-        Bytes("GLASSTP.INP") + "Bare\t84\t84\t1\t\t\t\t 0\t\r\n" + empty + empty + empty);
+    Put("GLASSTP.INP", Bytes("GLASSTP.INP") + "Bare\t84\t84\t1\t\t\t\t 0\t\r\n" + empty + empty +
+                           empty + "Odd\t84\t84\t3\t80\t30\t\t 0\t\r\n" + empty + empty + empty);
     Put("WNDTP.LIB", types);
     WriteWindowLibrary(fake.ws());
   }
@@ -82,7 +82,8 @@ TEST(WindowProperties, NoResultSaysWhy) {
             TypeLine(2, "Empty", " 0") + TypeLine(3, "Ghost", " 1\tOpal\tNo") +
             TypeLine(4, "Neon", " 2\tClear4mm\tNo\t12\tNeon\tClear4mm\tNo") +
             TypeLine(5, "Bare", " 1\tBare\tNo") +
-            TypeLine(6, "Flat", " 2\tClear4mm\tNo\t0\tAir\tClear4mm\tNo"));
+            TypeLine(6, "Flat", " 2\tClear4mm\tNo\t0\tAir\tClear4mm\tNo") +
+            TypeLine(7, "Odd", " 1\tOdd\tNo"));
   const std::string project = c.fake.ws().ProjectPath;
   const std::string library = JoinPath(project, "Wndw.Lib");
   const struct {
@@ -92,9 +93,10 @@ TEST(WindowProperties, NoResultSaysWhy) {
       {2, "window type 2 (Empty) has no panes"},
       {3, "glass type Opal of window type 3 (Ghost) is not in " + library},
       {4, "gas type Neon of window type 4 (Neon) is not in " + library},
-      {5, "glass type Bare has no data at normal incidence"},
+      {5, "glass type Bare has no sound data at normal incidence"},
       {6, "the panes and gaps of window type 6 (Flat) give no result"},
-      {7, "window type 7 is not in " + library},
+      {7, "glass type Odd has no sound data at normal incidence"},
+      {8, "window type 8 is not in " + library},
       {0, "window type 0 is not in " + library},
   };
   for (const auto& row : rows) {
