@@ -117,6 +117,61 @@ TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {
             std::string::npos);
 }
 
+// The window types of the example as the window type screen shows them; a
+// type that cannot be computed has no result and says why.
+TEST(CommandLine, WindowPropertiesOfTheExample) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  EXPECT_EQ(r.Run({"window-properties", project}), kExitOk) << r.err.str();
+  EXPECT_EQ(r.out.str(),
+            "type  name                             U        g     Tsol\n"
+            "   1  Single4mm                     5.75    0.854    0.829\n"
+            "   2  Double4-12-4                  2.86    0.755    0.691\n"
+            "   3  DoubleLowE4-16Ar-4            1.10    0.602    0.466\n"
+            "   4  DoubleSolar6-12-4             2.86    0.348    0.280\n"
+            "   5  Triple4-12-4-12-4             1.90    0.675    0.579\n"
+            "   6  TripleLowE4-12Kr-4-12Kr-4     0.44    0.388    0.263\n");
+  EXPECT_FALSE(ReadBytes(project + "/Wndw.Lib").empty());
+  EXPECT_EQ(r.Run({"window-properties", project, "3"}), kExitOk);
+  EXPECT_EQ(r.out.str(),
+            "type  name                      U        g     Tsol\n"
+            "   3  DoubleLowE4-16Ar-4     1.10    0.602    0.466\n");
+  const std::string types = JoinPath(project, "WNDTP.LIB");
+  const struct {
+    std::vector<std::string> args;
+    int status;
+    std::string err;
+  } rows[] = {
+      {{"window-properties", project, "7"},
+       kExitUsage,
+       "zelmo: no window type 7 in " + types + " (zelmo --help lists the commands)\n"},
+      {{"window-properties", project, "x"},
+       kExitUsage,
+       "zelmo: no window type x in " + types + " (zelmo --help lists the commands)\n"},
+      {{"window-properties"},
+       kExitUsage,
+       "zelmo: give a project folder and at most one window type number (zelmo --help lists the "
+       "commands)\n"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(r.Run(row.args), row.status);
+    EXPECT_EQ(r.err.str(), row.err);
+  }
+  WriteBytes(types, "2\tOdd\t 1\tOpal\tNo\r\n");
+  EXPECT_EQ(r.Run({"window-properties", project}), kExitFailed);
+  EXPECT_EQ(r.out.str(),
+            "type  name        U        g     Tsol\n"
+            "   2  Odd         -        -        -\n");
+  EXPECT_EQ(r.err.str(), "zelmo: glass type Opal of window type 2 (Odd) is not in " +
+                             JoinPath(project, "Wndw.Lib") + "\n");
+  WriteBytes(types, "");
+  EXPECT_EQ(r.Run({"window-properties", project}), kExitFailed);
+  EXPECT_EQ(r.err.str(), "zelmo: no window types in " + types + "\n");
+  r.Run({"--help"});
+  EXPECT_NE(r.out.str().find("zelmo window-properties <project folder> [window type number]"),
+            std::string::npos);
+}
+
 // Four cases side by side, the third made to fail: the others end as they
 // would alone, every line whole, and the table says how each ended.
 TEST(CommandLine, CasesSideBySideAndTheirSummary) {

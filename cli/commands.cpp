@@ -12,8 +12,12 @@
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/guard.h"
+#include "core/numbers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "libraries/window_library_export.h"
+#include "libraries/window_properties.h"
+#include "libraries/window_types_lib.h"
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
 #include "simulation/side_by_side.h"
@@ -243,6 +247,65 @@ int ListCases(Context& c, const std::vector<std::string>& args) {
   return kExitOk;
 }
 
+// U, g and Tsol of one window type or of all, as the window type screen
+// shows them: Wndw.Lib written first, then the type's record computed.
+int WindowProperties(Context& c, const std::vector<std::string>& args) {
+  if (args.empty() || args.size() > 2) {
+    return Usage(c, "give a project folder and at most one window type number");
+  }
+  if (auto failed = OpenProject(c, args[0])) return *failed;
+  const Workspace& ws = c.session.ws;
+  std::vector<int> numbers;
+  try {
+    const WindowTable table = ReadWindowTypes(ws);
+    for (int row = 1; row <= kMaxWindowTypes; ++row) {
+      if (!TrimBlanks(table.Cell(row, 1)).empty()) numbers.push_back(row);
+    }
+    if (args.size() == 2) {
+      const std::string& wanted = args[1];
+      const int number = IsDigitsOnly(wanted) && wanted.size() <= 2 ? std::stoi(wanted) : 0;
+      if (std::find(numbers.begin(), numbers.end(), number) == numbers.end()) {
+        return Usage(c, "no window type " + wanted + " in " +
+                            PathOnDisk(JoinPath(ws.ProjectPath, kWindowTypesFile)));
+      }
+      numbers = {number};
+    }
+    if (numbers.empty()) {
+      c.Err("zelmo: no window types in " + PathOnDisk(JoinPath(ws.ProjectPath, kWindowTypesFile)));
+      return kExitFailed;
+    }
+    // A type without panes keeps the others from nothing here; it has no
+    // result of its own.
+    WriteWindowLibrary(ws);
+    size_t width = 4;
+    for (int number : numbers) width = std::max(width, TrimBlanks(table.Cell(number, 1)).size());
+    auto row = [&](const std::string& number, const std::string& name, const std::string& u,
+                   const std::string& g, const std::string& tsol) {
+      c.Out(PadField(number, 4, "H") + "  " + PadField(name, static_cast<int>(width), "V") + "  " +
+            PadField(u, 7, "H") + "  " + PadField(g, 7, "H") + "  " + PadField(tsol, 7, "H"));
+    };
+    row("type", "name", "U", "g", "Tsol");
+    bool failed = false;
+    for (int number : numbers) {
+      const std::string name = TrimBlanks(table.Cell(number, 1));
+      const WindowOutcome outcome = WindowPropertiesOf(ws.ProjectPath, number);
+      if (!outcome.results) {
+        row(std::to_string(number), name, "-", "-", "-");
+        c.Err("zelmo: " + OneLine(outcome.fault));
+        failed = true;
+        continue;
+      }
+      // The masks of the screen: "###0.00" and "###0.000".
+      row(std::to_string(number), name, FormatDecimals(outcome.results->u, 2),
+          FormatDecimals(outcome.results->g, 3), FormatDecimals(outcome.results->tsol, 3));
+    }
+    return failed ? kExitFailed : kExitOk;
+  } catch (const FileError& error) {
+    c.Err(OneLine(error.UserText()));
+    return kExitFailed;
+  }
+}
+
 const std::vector<Command>& Commands() {
   static const std::vector<Command> commands = {
       {"prepare", "<project folder> <case>... | --all [-j N]",
@@ -254,6 +317,10 @@ const std::vector<Command>& Commands() {
        "      with a summary table",
        [](Context& c, const std::vector<std::string>& a) { return RunCases(c, a, true); }},
       {"list-cases", "<project folder>", "print the project's cases, one a line", ListCases},
+      {"window-properties", "<project folder> [window type number]",
+       "write Wndw.Lib for the project, then print U (W/m2,K), g and Tsol of the window\n"
+       "      type, or of each, at the centre of the glazing (EN 673, EN 410)",
+       WindowProperties},
   };
   return commands;
 }
@@ -264,8 +331,9 @@ void Help(std::ostream& out) {
     out << "  zelmo " << command.name << " " << command.arguments << "\n      " << command.summary
         << "\n";
   }
-  out << "  zelmo --help\n      this list\n\nExit status: 0 done, 1 a module failed or a "
-         "check refused the run, 2 the command line was wrong.\n";
+  out << "  zelmo --help\n      this list\n\nExit status: 0 done, 1 a module failed, a "
+         "check refused the run or a window type has no result, 2 the command line was "
+         "wrong.\n";
   out.flush();
 }
 

@@ -1,7 +1,7 @@
 // The window properties of a window type (U-value, g-value and solar
-// transmittance) come from the calculation code of the modules, not from
-// this program. The routine reads Wndw.Lib in the project folder, which it
-// finds through the exchange file UGFile.txt in the program folder.
+// transmittance). The routine reads Wndw.Lib in the project folder, which it
+// finds through the exchange file UGFile.txt in the program folder, and
+// computes the centre of the glazing by EN 673 and EN 410.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,7 @@
 namespace zelmo {
 
 struct Workspace;
+struct WindowLibrary;
 
 inline constexpr const char* kExchangeFile = "UGFile.txt";
 
@@ -25,18 +26,28 @@ class WindowProperties {
                                    int32_t& status, const std::string& file, int32_t length) = 0;
 };
 
-// Until this program has the calculation of its own, no result: the three
-// fields of the window type screen stay empty.
-class NoWindowProperties : public WindowProperties {
- public:
-  bool GETWINDOWPROPERTIES(int32_t&, int16_t&, float&, float&, float&, int32_t&, const std::string&,
-                           int32_t) override {
-    return false;
-  }
-};
-
 struct WindowResults {
   float u = 0, g = 0, tsol = 0;
+};
+
+// The properties of window type `window` (its record in Wndw.Lib, from 1) in
+// the project folder `project`, or why there are none: the text names the
+// window type and what is missing, or the file and line that are damaged.
+struct WindowOutcome {
+  std::optional<WindowResults> results;
+  std::string fault;
+};
+WindowOutcome WindowPropertiesOf(const std::string& project, int window);
+// The same from the library read already from `path`.
+WindowOutcome WindowPropertiesIn(const WindowLibrary& library, const std::string& path, int window);
+
+// The routine of this program: the project folder from the first line of the
+// exchange file, the rest from WindowPropertiesOf. No result when the
+// exchange file cannot be read or the type cannot be computed.
+class GlazingWindowProperties : public WindowProperties {
+ public:
+  bool GETWINDOWPROPERTIES(int32_t& unit, int16_t& window, float& u, float& g, float& tsol,
+                           int32_t& status, const std::string& file, int32_t length) override;
 };
 
 // Writes UGFile.txt (the project folder with its separator behind it), asks

@@ -95,7 +95,7 @@ void AddGaGl::Cancel() {
 }
 
 Wind_Types::Wind_Types(Session& session)
-    : Form("Wind_Types"), properties(&no_properties_), session_(session) {
+    : Form("Wind_Types"), properties(&glazing_properties_), session_(session) {
   caption = "Window types";
   width = 8700;
   height = 6200;

@@ -73,7 +73,7 @@ class Wind_Types : public Form {
 
   const WindowTable& table() const { return table_; }
 
-  // The calculation of the window properties; no result until it is given.
+  // The calculation of the window properties; a test may give another.
   WindowProperties* properties;
 
   int WindowCurrentIndex = -1;
@@ -127,7 +127,7 @@ class Wind_Types : public Form {
 
   Session& session_;
   WindowTable table_;
-  NoWindowProperties no_properties_;
+  GlazingWindowProperties glazing_properties_;
 };
 
 }  // namespace zelmo

@@ -239,6 +239,21 @@ TEST(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
   EXPECT_TRUE(empty.unloaded);
 }
 
+// The screen's own routine: the type chosen shows its properties; one whose
+// gas is not in the library leaves the three fields empty, without a word.
+TEST(WindowTypes, TheChosenTypeShowsItsPropertiesOrNone) {
+  LibraryCase c;
+  c.Put("GASTP.INP", c.Bytes("GASTP.INP").substr(0, c.Bytes("GASTP.INP").find("Argon")));
+  Wind_Types s(c.fake.session);
+  s.Load();
+  EXPECT_EQ(s.UValue.text, "");
+  Choose(s, 1);
+  EXPECT_EQ(s.UValue.text + " " + s.GVAlue.text + " " + s.Tsol.text, "2.86 0.755 0.691");
+  Choose(s, 2);  // DoubleLowE4-16Ar-4
+  EXPECT_EQ(s.UValue.text + s.GVAlue.text + s.Tsol.text, "");
+  EXPECT_TRUE(c.fake.dialogs.Texts().empty());
+}
+
 TEST(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
   LibraryCase c;
   c.Elements({{{27, "2"}}}, "case2");

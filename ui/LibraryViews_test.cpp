@@ -184,11 +184,14 @@ TEST(LibraryViews, GlassOfEachTypeAGasAndAWindowOfTwoPanes) {
   Click(*d, "Command6");
   Shot(*d, "Wind_Types");
   EXPECT_EQ(Child<QTableWidget>(*d, "Grid1")->item(2, 2)->text(), "CO2");
-  // Choosing a type writes Wndw.Lib for the project; without the
-  // calculation the properties stay empty.
+  // Choosing a type writes Wndw.Lib for the project and shows the type's
+  // properties.
   Child<QListWidget>(*d, "List1")->setCurrentRow(1);
   EXPECT_EQ(d->windowTitle(), "Window types (Double4-12-4)");
-  EXPECT_EQ(Child<QLineEdit>(*d, "UValue")->text(), "");
+  EXPECT_EQ(Child<QLineEdit>(*d, "UValue")->text(), "2.86");
+  EXPECT_EQ(Child<QLineEdit>(*d, "GVAlue")->text(), "0.755");
+  EXPECT_EQ(Child<QLineEdit>(*d, "Tsol")->text(), "0.691");
+  Shot(*d, "Wind_Types_properties");
   Click(*d, "Command3");
   EXPECT_TRUE(windows.unloaded);
   EXPECT_NE(c.Bytes("WNDTP.LIB").find("7\tTab2Gap\t 2\tTab1\tNo\t12\tCO2\tFres2\tYes\t\t"),
