@@ -30,6 +30,9 @@ QPolygonF Polygon(const Projection& view, const std::vector<Vec3>& points) {
 
 const QColor kArrow(198, 40, 40);
 const QColor kTurnedRound(220, 0, 0);
+// The opacity of a face seen through: enough for its colour to tell what it
+// faces, little enough for three faces behind one another to show.
+constexpr int kThinFill = 80;
 
 void PaintArrow(QPainter& painter, QPointF from, QPointF to, const QColor& colour) {
   painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap));
@@ -70,6 +73,11 @@ void BuildingView::ResetView() {
 
 void BuildingView::SetNormalsShown(bool shown) {
   normals_ = shown;
+  update();
+}
+
+void BuildingView::SetSeeThrough(bool see_through) {
+  see_through_ = see_through;
   update();
 }
 
@@ -182,13 +190,14 @@ void BuildingView::PaintFace(QPainter& painter, const Placed& placed,
   const QPointF to = At(view, face.centre + 0.15 * bounds_.radius * face.front);
   if (arrow && !placed.front_seen) PaintArrow(painter, from, to, kArrow);
 
-  const QColor fill = placed.front_seen ? FrontColour(face.facing, face.glass)
-                                        : BackColour(face.facing, face.glass);
+  QColor fill = placed.front_seen ? FrontColour(face.facing, face.glass)
+                                  : BackColour(face.facing, face.glass);
+  painter.setPen(QPen(fill.darker(170), see_through_ ? 1.6 : 1.2));
+  if (see_through_) fill.setAlpha(kThinFill);
   painter.setBrush(fill);
-  painter.setPen(QPen(fill.darker(170), 1.2));
   painter.drawPath(placed.path);
   if (!placed.front_seen) {
-    painter.setBrush(QBrush(QColor(255, 255, 255, 110), Qt::BDiagPattern));
+    painter.setBrush(QBrush(QColor(255, 255, 255, see_through_ ? 50 : 110), Qt::BDiagPattern));
     painter.setPen(Qt::NoPen);
     painter.drawPath(placed.path);
   }

@@ -27,6 +27,8 @@ class BuildingView : public QWidget {
   Camera& camera() { return camera_; }
   void ResetView();
   void SetNormalsShown(bool shown);
+  // Faces filled thinly, so that the elements inside the building show.
+  void SetSeeThrough(bool see_through);
   // What the element under a point of the widget is: its name and what its
   // sides face; empty where there is none.
   QString TextAt(QPointF point) const;
@@ -69,6 +71,7 @@ class BuildingView : public QWidget {
   Bounds bounds_;
   Camera camera_;
   bool normals_ = true;
+  bool see_through_ = false;
   std::optional<size_t> hovered_;
   std::optional<QPointF> drag_from_;
 };

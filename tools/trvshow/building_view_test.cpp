@@ -20,8 +20,9 @@ QApplication& App() {
   static int argc = 1;
   static char name[] = "trvshow-test";
   static char* argv[] = {name, nullptr};
-  static QApplication app(argc, argv);
-  return app;
+  // Never destroyed: it outlives every window, to the program's end.
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
 }
 
 Dat1Building Example() {
@@ -73,9 +74,25 @@ TEST_F(Picture, FromAboveTheOuterFrontsAndWindowsFromBelowTheGround) {
   window.view()->camera().Turn(180, -75);
   Shot("TRVSHOW_below");
   EXPECT_GT(Count(front(Facing::kGround)), 20000);
+  // Seen through, the inner wall's door shows green behind the roof (its
+  // arrow put away, which starts there).
   QTest::mouseClick(window.reset(), Qt::LeftButton);
+  window.arrows()->click();
   EXPECT_EQ(window.view()->camera().yaw, Camera::kYaw);
   EXPECT_EQ(window.view()->camera().pitch, Camera::kPitch);
+  const auto greenness_at_door = [this] {
+    BuildingView* view = window.view();
+    std::vector<Face> faces = BuildFaces(Example());
+    Projection projection(view->camera(), BoundsOf(faces), view->width(), view->height());
+    ScreenPoint door = projection.Project(faces.back().centre);
+    QColor c =
+        view->grab().toImage().pixelColor(static_cast<int>(door.x), static_cast<int>(door.y));
+    return c.green() - c.red();
+  };
+  const int roof = greenness_at_door();
+  window.see_through()->click();
+  EXPECT_GT(greenness_at_door(), roof + 20);
+  Shot("TRVSHOW_see_through");
 }
 
 TEST_F(Picture, TheElementUnderTheMouseIsNamed) {

@@ -15,19 +15,22 @@ ViewerWindow::ViewerWindow(Dat1Building building)
     : view_(new BuildingView(this)),
       status_(new QLabel(kPointAt, this)),
       reset_(new QPushButton("&Reset view", this)),
-      arrows_(new QCheckBox("&Arrows out of the front sides", this)) {
+      arrows_(new QCheckBox("&Arrows out of the front sides", this)),
+      see_through_(new QCheckBox("&See through", this)) {
   setWindowTitle("View of building - " +
                  QString::fromUtf8(Utf8FromCp1252(building.headline)).trimmed());
   view_->SetBuilding(std::move(building));
   reset_->setObjectName("ResetView");
   arrows_->setObjectName("Arrows");
   arrows_->setChecked(true);
+  see_through_->setObjectName("SeeThrough");
   status_->setObjectName("Status");
   auto* hint = new QLabel("Drag to turn, wheel to come nearer, R to reset.", this);
 
   auto* controls = new QHBoxLayout;
   controls->addWidget(reset_);
   controls->addWidget(arrows_);
+  controls->addWidget(see_through_);
   controls->addStretch(1);
   controls->addWidget(hint);
   auto* layout = new QVBoxLayout(this);
@@ -40,6 +43,7 @@ ViewerWindow::ViewerWindow(Dat1Building building)
     view_->setFocus();
   });
   connect(arrows_, &QCheckBox::toggled, view_, [this](bool on) { view_->SetNormalsShown(on); });
+  connect(see_through_, &QCheckBox::toggled, view_, [this](bool on) { view_->SetSeeThrough(on); });
   view_->on_hover = [this](const QString& text) {
     status_->setText(text.isEmpty() ? QString(kPointAt) : text);
   };

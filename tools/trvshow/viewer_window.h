@@ -1,5 +1,5 @@
 // The viewer's window: the picture of the building with a row of controls
-// above it (reset the view, show the arrows) and a line below that names the
+// above it (reset the view, show the arrows, see through) and a line below that names the
 // element pointed at.
 #pragma once
 
@@ -23,12 +23,14 @@ class ViewerWindow : public QWidget {
   QLabel* status() const { return status_; }
   QPushButton* reset() const { return reset_; }
   QCheckBox* arrows() const { return arrows_; }
+  QCheckBox* see_through() const { return see_through_; }
 
  private:
   BuildingView* view_;
   QLabel* status_;
   QPushButton* reset_;
   QCheckBox* arrows_;
+  QCheckBox* see_through_;
 };
 
 // The text a user is shown for a DAT1.DAT that cannot be read: what is
