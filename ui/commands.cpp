@@ -19,6 +19,7 @@
 #include "simulation/launchers.h"
 #include "simulation/results_screen.h"
 #include "simulation/therm_load_screen.h"
+#include "simulation/view_of_build.h"
 #include "site/move_climatic_files.h"
 #include "site/site_screen.h"
 #include "workspace/demo.h"
@@ -100,6 +101,8 @@ void WireCommands(StartForm& main) {
   main.M_Line.on_click = [&main] { RunLineDiagram(main.session()); };
   main.M_Comfort.on_click = [&main] { RunThermalComfort(main.session()); };
   main.M_VComfort.on_click = [&main] { RunVisualComfort(main.session()); };
+  // View of building
+  main.M_ViewOfBuilding.on_click = [&main] { ViewOfBuild(main.session()); };
   // Help
   main.M_HelpInfo.on_click = [&main] { ShowUsersManual(main.session()); };
 }
