@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "site/convert_v20.h"
+#include "ui/binder.h"
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
@@ -27,6 +28,9 @@ void BuildCv12TOv20(Form& form, QDialog& dialog, Session&) {
     auto* widget = Named<QListWidget>(&dialog, *list);
     widget->setMinimumSize(Px(3900), Px(1900));
     if (list != &screen.EP) widget->setSelectionMode(QAbstractItemView::NoSelection);
+    // Only the user's click chooses the project to convert, never the list
+    // taking the focus.
+    if (list == &screen.EP) widget->setProperty(kClickOnRelease, true);
     lists->addWidget(widget, row + 1, col);
     ++index;
   }
