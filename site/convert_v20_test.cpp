@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include "building/surface_file.h"
 #include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
-#include "site/site_file.h"
 
 namespace zelmo {
 namespace {
@@ -97,34 +93,27 @@ TEST(Cv12TOv20, ConvertsEachCaseInPlaceByteForByteThenLeavesItAlone) {
             "12\tCurtain type_12\tCurtain type_12\t10\t60\t.2\r\n");
 }
 
-TEST(Cv12TOv20, ACaseWithoutSiteFileIsToldByItsElements) {
+// Without a site file, or with an old one beside elements converted before
+// a stop, the elements tell whether the case is done.
+TEST(Cv12TOv20, TheElementsTellACaseDoneWithoutItsSiteFile) {
   OldProject p;
-  p.Register("bare - No site\r\n");
+  p.Register("bare - No site\r\nhalf - Stopped\r\n");
   WriteBytes(p.Project("bare/Surface.inp"), OldBlock("Wall", "0", "1"));
   WriteBytes(p.Project("bare/HVAC_Cal.Inp"), "old\r\n");
-  Cv12TOv20& screen = p.Open();
-  screen.Convert();
-  EXPECT_EQ(screen.CC.items, Strings{"bare"});
-  EXPECT_EQ(ReadBytes(p.Project("bare/Surface.inp")), OldBlock("Wall", "0", "1") + "\t 1\r\n");
-  // A second time the new elements tell it is done, and the schedules made
-  // since stay.
-  WriteBytes(p.Project("bare/HVAC_Cal.Inp"), "new\r\n");
-  screen.Convert();
-  EXPECT_EQ(screen.NCC.items, Strings{"bare"});
-  EXPECT_EQ(ReadBytes(p.Project("bare/HVAC_Cal.Inp")), "new\r\n");
-}
-
-TEST(Cv12TOv20, ACaseStoppedAfterItsElementsIsTakenUpAgain) {
-  OldProject p;
-  p.Register("half - Half done\r\n");
   const std::string converted = OldBlock("Wall", "1", "2") + "\t 0\r\n";
   WriteBytes(p.Project("half/Surface.inp"), converted);
   WriteBytes(p.Project("half/Site.inp"), std::string("59.35\r\n") + kSiteRest);
   Cv12TOv20& screen = p.Open();
   screen.Convert();
-  EXPECT_EQ(screen.CC.items, Strings{"half"});
+  EXPECT_EQ(screen.CC.items, (Strings{"bare", "half"}));
+  EXPECT_EQ(ReadBytes(p.Project("bare/Surface.inp")), OldBlock("Wall", "0", "1") + "\t 1\r\n");
   EXPECT_EQ(ReadBytes(p.Project("half/Surface.inp")), converted);
   EXPECT_EQ(ReadBytes(p.Project("half/Site.inp")), std::string("59.35\t0\t0\r\n") + kSiteRest);
+  // The schedules made since stay.
+  WriteBytes(p.Project("bare/HVAC_Cal.Inp"), "new\r\n");
+  screen.Convert();
+  EXPECT_EQ(screen.NCC.items, (Strings{"bare", "half"}));
+  EXPECT_EQ(ReadBytes(p.Project("bare/HVAC_Cal.Inp")), "new\r\n");
 }
 
 TEST(Cv12TOv20, ADamagedFileIsNamedAndNothingIsWritten) {
@@ -186,49 +175,6 @@ TEST(Cv12TOv20, TheListsSayWhatIsMissing) {
     p.screen.C_Convert.on_click();
     EXPECT_EQ(p.screen.TStatus.caption, "Finns inga cases");
   }
-}
-
-TEST(Cv12TOv20, AProjectLineOrCaseLineLeavingItsFolderIsRefused) {
-  OldProject p;
-  WriteBytes(p.dir / "Data/PROJECTS.LIB", "old\told\r\nbad\t..\r\n");
-  WriteBytes(p.Project("CASES.LIB"), "one - First\r\n../x - Out\r\n");
-  p.screen.Load();
-  p.screen.EP.list_index = 1;
-  EXPECT_EQ(testing::FileErrorText([&] { p.screen.ProjectClick(); }),
-            "The line names no project folder\r" + (p.dir / "Data/PROJECTS.LIB") + ", line 2");
-  p.screen.EP.list_index = 0;
-  EXPECT_EQ(testing::FileErrorText([&] { p.screen.ProjectClick(); }),
-            "The line names no case folder\r" + p.Project("CASES.LIB") + ", line 2");
-  EXPECT_TRUE(p.screen.EC.items.empty());
-}
-
-// The old project of the program tree: both cases reach the new form and
-// their files read as the screens read them.
-TEST(Cv12TOv20, TheOldExampleProjectConverts) {
-  OldProject p;
-  CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ",
-                 p.dir / "Data");
-  Cv12TOv20& screen = p.screen;
-  screen.Load();
-  ASSERT_EQ(screen.EP.items, (Strings{"example - example", "v12demo - v12demo"}));
-  screen.EP.list_index = 1;
-  screen.ProjectClick();
-  const std::string old_case1 = ReadBytes(p.dir / "Data/v12demo/Case1/Surface.inp");
-  screen.Convert();
-  EXPECT_EQ(screen.CC.items, (Strings{"case1", "case2"}));
-  Workspace ws;
-  ws.CasePath = p.dir / "Data/v12demo/Case1";
-  SurfaceTable table;
-  ReadSurfaces(ws, table);
-  ASSERT_EQ(table.SurfCount, 11);
-  std::string leakages;
-  for (int slot = 1; slot <= 11; ++slot) leakages += table.SurfData[slot][29] + "|";
-  EXPECT_EQ(leakages, " 1| 1| 1| 1| 1| 1| 1| 1| 1| 1| 0|");
-  EXPECT_EQ(ReadBytes(ws.CasePath + "/Surface.inp").size(), old_case1.size() + 11 * 5);
-  EXPECT_EQ(ParseSiteFirstLine(ReadSite(ws)[0]).wind, 0);
-  EXPECT_FALSE(Exists(ws.CasePath + "/Forceven.inp") || Exists(ws.CasePath + "/HVAC_Cal.Inp"));
-  EXPECT_EQ(ReadBytes(p.dir / "Data/v12demo/Moveins.Lib"),
-            "1\tCurtain type_1\t40\t20\t.05\r\n2\tCurtain type_2\t10\t60\t.2\r\n");
 }
 
 }  // namespace

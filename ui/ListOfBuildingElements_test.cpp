@@ -37,51 +37,32 @@ struct ExampleData {
   StartForm main{fake.session};
 };
 
-TEST(ListOfBuildingElementsView, OpenedFromTheMenuAndThePanelListsByOrientation) {
+TEST(ListOfBuildingElementsView, TheListAndTheConversionFromTheMainWindow) {
   ExampleData data;
   data.main.StateAfterOpenCase();
-  data.main.M_LIstOfBuildíngElements.on_click();
   data.main.LoBe.on_click();
-  EXPECT_EQ(data.fake.dialogs.shown_forms,
-            (testing::Strings{"ListOfBuildingElements", "ListOfBuildingElements"}));
-
-  ListOfBuildingElements screen(data.fake.session);
-  auto dialog = ShowScreen(screen, data.fake.session);
-  ASSERT_TRUE(dialog);
-  auto* grid = dialog->findChild<QTableWidget*>("Grid1");
-  ASSERT_TRUE(grid);
-  EXPECT_EQ(grid->rowCount(), 10);
-  EXPECT_EQ(Cells(grid)[1], "1|90.00|180.00|1|South 1|3|1|0|1|0.00|0.00|0.00");
-  EXPECT_EQ(grid->columnWidth(4), Px(1800));
-  auto* horizontal = dialog->findChild<QRadioButton*>("Option1(1)");
-  ASSERT_TRUE(horizontal);
-  horizontal->click();
-  EXPECT_EQ(grid->rowCount(), 5);
-  EXPECT_EQ(S(dialog->findChild<QLabel*>("NS")->text()), "4");
-  SaveShot(dialog.get(), "ListOfBuildingElements_horizontal");
-}
-
-TEST(Cv12TOv20View, ConvertsTheOldExampleFromTheFileMenu) {
-  ExampleData data;
   data.main.M_ConvertV20.on_click();
-  EXPECT_EQ(data.fake.dialogs.shown_forms, testing::Strings{"Cv12TOv20"});
+  EXPECT_EQ(data.fake.dialogs.shown_forms,
+            (testing::Strings{"ListOfBuildingElements", "Cv12TOv20"}));
 
-  Cv12TOv20 screen(data.fake.session);
-  auto dialog = ShowScreen(screen, data.fake.session);
-  ASSERT_TRUE(dialog);
-  auto* projects = dialog->findChild<QListWidget*>("EP");
-  auto* converted = dialog->findChild<QListWidget*>("CC");
-  auto* convert = dialog->findChild<QPushButton*>("C_Convert");
-  ASSERT_TRUE(projects && converted && convert);
-  EXPECT_EQ(projects->count(), 2);
-  convert->click();
-  EXPECT_EQ(S(dialog->findChild<QLabel*>("TStatus")->text()), "Finns inga cases");
-  ClickItem(projects, "v12demo - v12demo");
-  EXPECT_EQ(dialog->findChild<QListWidget*>("EC")->count(), 2);
-  convert->click();
-  EXPECT_EQ(converted->count(), 2);
+  ListOfBuildingElements list(data.fake.session);
+  auto shown = ShowScreen(list, data.fake.session);
+  ASSERT_TRUE(shown);
+  auto* grid = shown->findChild<QTableWidget*>("Grid1");
+  EXPECT_EQ(grid->rowCount(), 10);
+  EXPECT_EQ(grid->columnWidth(4), Px(1800));
+  shown->findChild<QRadioButton*>("Option1(1)")->click();
+  EXPECT_EQ(Cells(grid)[1], "5|180.00|0.00|4|Floor 1|1|2|-1|1|0.00|4.00|0.00");
+  SaveShot(shown.get(), "ListOfBuildingElements_horizontal");
+
+  Cv12TOv20 convert(data.fake.session);
+  shown = ShowScreen(convert, data.fake.session);
+  ASSERT_TRUE(shown);
+  ClickItem(shown->findChild<QListWidget*>("EP"), "v12demo - v12demo");
+  shown->findChild<QPushButton*>("C_Convert")->click();
+  EXPECT_EQ(shown->findChild<QListWidget*>("CC")->count(), 2);
   EXPECT_TRUE(data.fake.dialogs.messages.empty());
-  SaveShot(dialog.get(), "Cv12TOv20_converted");
+  SaveShot(shown.get(), "Cv12TOv20_converted");
 }
 
 }  // namespace
