@@ -373,6 +373,10 @@ bool WriteAllBytes(const std::string& path, const std::string& bytes) {
   return WriteBytesTo(target, TemporaryPath(target), bytes);
 }
 
+bool WriteBytesThrough(const std::string& path, const std::string& temp, const std::string& bytes) {
+  return WriteBytesTo(ResolvePath(ToFsPath(path)), ResolvePath(ToFsPath(temp)), bytes);
+}
+
 bool WriteDerivedBytes(const std::string& path, const std::string& bytes) {
   fs::path target = ResolvePath(ToFsPath(path));
   return WriteBytesTo(target, TemporaryPath(target), bytes, false);
@@ -429,9 +433,7 @@ bool RewriteListFileLines(const std::string& path,
   for (const auto& line : kept) {
     if (line) lines.push_back(*line);
   }
-  fs::path target = ResolvePath(ToFsPath(path));
-  fs::path temp = ResolvePath(ToFsPath(ListTempPath(path)));
-  return WriteBytesTo(target, temp, JoinCrLf(lines));
+  return WriteBytesThrough(path, ListTempPath(path), JoinCrLf(lines));
 }
 
 }  // namespace zelmo

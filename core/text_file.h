@@ -104,6 +104,10 @@ bool WriteAllBytes(const std::string& path, const std::string& bytes);
 // input of the calculation modules): replaced in one step like every file,
 // but not forced to the disk, as a power cut costs only its next remaking.
 bool WriteDerivedBytes(const std::string& path, const std::string& bytes);
+// The same through a temporary named by the caller (a conversion's "X"
+// copy beside the file): the temporary is filled and renamed over `path`,
+// and removed again when the write fails.
+bool WriteBytesThrough(const std::string& path, const std::string& temp, const std::string& bytes);
 // The file beside `path` that a whole-file write fills before it is renamed
 // over `path`. Each process has its own, so that processes writing the same
 // file at once (cases run side by side all write the project's window

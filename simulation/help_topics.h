@@ -13,6 +13,7 @@ namespace help_context {
 inline constexpr int kMainButton = 12000;
 inline constexpr int kMainForm = 12100;
 inline constexpr int kThermLoad = 12113;
+inline constexpr int kListOfBuildingElements = 12116;
 inline constexpr int kResults = 12120;
 inline constexpr int kSysInit = 12130;
 inline constexpr int kOpenProject = 12163;

@@ -17,9 +17,11 @@
 #include "libraries/window_types_screen.h"
 #include "schedules/hvac_screen.h"
 #include "simulation/launchers.h"
+#include "simulation/list_of_elements.h"
 #include "simulation/results_screen.h"
 #include "simulation/therm_load_screen.h"
 #include "simulation/view_of_build.h"
+#include "site/convert_v20.h"
 #include "site/move_climatic_files.h"
 #include "site/site_screen.h"
 #include "workspace/demo.h"
@@ -50,6 +52,7 @@ void WireCommands(StartForm& main) {
   main.M_MainForm.on_click = [&main] { main.ShowHelpTopic(12100); };
   // File
   main.M_Copyclimaticdatafiles.on_click = Opens<MoveClimaticFiles>(main);
+  main.M_ConvertV20.on_click = Opens<Cv12TOv20>(main);
   main.M_ActivetaDemo.on_click = [&main] { ActivateDemoProject(main.session(), main); };
   // Project
   main.M_NewProject.on_click = [&main] { RunNewProject(main); };
@@ -103,6 +106,7 @@ void WireCommands(StartForm& main) {
   main.M_VComfort.on_click = [&main] { RunVisualComfort(main.session()); };
   // View of building
   main.M_ViewOfBuilding.on_click = [&main] { ViewOfBuild(main.session()); };
+  main.M_LIstOfBuildíngElements.on_click = Opens<ListOfBuildingElements>(main);
   // Help
   main.M_HelpInfo.on_click = [&main] { ShowUsersManual(main.session()); };
 }

@@ -68,6 +68,8 @@ void RegisterAllViews() {
   RegisterView("Hvac_Schedule_Rename", BuildScheduleName);
   RegisterView("HVAC_Schedule_Copy", BuildScheduleCopy);
   RegisterView("Hvac_Volume_Copy", BuildVolumeCopy);
+  RegisterView("ListOfBuildingElements", BuildListOfBuildingElements);
+  RegisterView("Cv12TOv20", BuildCv12TOv20);
 }
 
 }  // namespace zelmo::ui

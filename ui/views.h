@@ -67,5 +67,7 @@ void BuildMonthlyPeriod(Form& form, QDialog& dialog, Session& session);
 void BuildScheduleName(Form& form, QDialog& dialog, Session& session);
 void BuildScheduleCopy(Form& form, QDialog& dialog, Session& session);
 void BuildVolumeCopy(Form& form, QDialog& dialog, Session& session);
+void BuildListOfBuildingElements(Form& form, QDialog& dialog, Session& session);
+void BuildCv12TOv20(Form& form, QDialog& dialog, Session& session);
 
 }  // namespace zelmo::ui
