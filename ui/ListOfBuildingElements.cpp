@@ -1,10 +1,8 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -42,19 +40,7 @@ void BuildListOfBuildingElements(Form& form, QDialog& dialog, Session&) {
   top->addStretch();
   layout->addLayout(top);
 
-  auto* table = Named<QTableWidget>(&dialog, screen.Grid1);
-  // The header line is the grid's own first row.
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->verticalHeader()->setDefaultSectionSize(Px(285));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  int width = 0;
-  for (int w : screen.Grid1.col_widths) width += Px(w);
-  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
-  table->setFixedHeight(18 * Px(285) + 4);
-  layout->addWidget(table);
+  AddReadOnlyGrid(dialog, layout, screen.Grid1, 18);
   layout->addSpacing(Px(120));
   AddButtons(dialog, layout, {&screen.OK, &screen.Command1});
 }

@@ -1,9 +1,7 @@
 #include <QCheckBox>
 #include <QEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTimer>
@@ -55,22 +53,11 @@ void BuildThermLoad(Form& form, QDialog& dialog, Session&) {
   auto& screen = static_cast<ThermLoad&>(form);
   auto* layout = new QVBoxLayout(&dialog);
   layout->addWidget(Named<QLabel>(&dialog, "Label1"));
-  auto* table = new QTableWidget(&dialog);
-  table->setObjectName("ThermGrid");
-  // The header line is the grid's own first row.
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->verticalHeader()->setDefaultSectionSize(Px(285));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  auto* table = AddReadOnlyGrid(dialog, layout, screen.ThermGrid, 1);
+  table->setFixedHeight(Px(screen.ThermGrid.height));
+  table->setMaximumWidth(QWIDGETSIZE_MAX);
   table->viewport()->installEventFilter(new MouseButtons(screen, table));
   table->setItemDelegate(new KeepCellColours(table));
-  int width = 0;
-  for (int w : screen.ThermGrid.col_widths) width += Px(w);
-  table->setMinimumWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
-  table->setFixedHeight(Px(screen.ThermGrid.height));
-  layout->addWidget(table);
   layout->addWidget(Named<QLabel>(&dialog, "Label2"));
   layout->addWidget(Named<QCheckBox>(&dialog, screen.Check1));
   layout->addSpacing(Px(120));

@@ -1,10 +1,12 @@
 #include "ui/view_parts.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include "ui/qt_text.h"
 
@@ -54,6 +56,23 @@ void AddButtons(QDialog& dialog, QBoxLayout* layout,
     row->addWidget(widget);
   }
   layout->addLayout(row);
+}
+
+QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows) {
+  auto* table = new QTableWidget(&dialog);
+  table->setObjectName(Q(grid.name()));
+  table->horizontalHeader()->hide();
+  table->verticalHeader()->hide();
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->verticalHeader()->setDefaultSectionSize(Px(285));
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  int width = 0;
+  for (int w : grid.col_widths) width += Px(w);
+  table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);
+  table->setFixedHeight(rows * Px(285) + 4);
+  layout->addWidget(table);
+  return table;
 }
 
 }  // namespace zelmo::ui

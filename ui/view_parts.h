@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QString>
+#include <QTableWidget>
 #include <initializer_list>
 #include <string>
 
@@ -30,6 +31,9 @@ void AddCaption(QDialog& dialog, QBoxLayout* layout, const Control& label);
 void AddField(QDialog& dialog, QBoxLayout* layout, const Control& label, const Control& field);
 // The list of projects or cases, `rows` items high.
 void AddList(QDialog& dialog, QBoxLayout* layout, const Control& list, int rows);
+// A grid the user reads and clicks but does not type into: its header line
+// is its own first row, its width that of its columns, `rows` rows high.
+QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows);
 // The buttons, right-aligned in one row.
 void AddButtons(QDialog& dialog, QBoxLayout* layout, std::initializer_list<const Control*> buttons);
 
