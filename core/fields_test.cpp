@@ -64,6 +64,11 @@ TEST(NumberRule, ReadsUpToTheFirstForeignCharacter) {
                                                   {"3.", 3},
                                                   {"1234567890123456", 1234567890123456.0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
+  // Whole numbers are cut towards zero and held where a step more cannot
+  // overflow, whatever a damaged file holds.
+  const std::pair<const char*, int> whole[] = {
+      {"-7.9", -7}, {"999999999", 999999999}, {"1e300", 1000000000}, {"-1e300", -1000000000}};
+  for (const auto& [text, value] : whole) EXPECT_EQ(ValInt(text), value) << text;
 }
 
 TEST(NumberToText, SignColumnForm) {

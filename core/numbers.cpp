@@ -225,4 +225,14 @@ bool IsRealNumberText(const std::string& text) {
   return true;
 }
 
+int ValInt(const std::string& text) {
+  // Far beyond any count or year of the system, and far enough inside the
+  // range of an int that a step or two more cannot overflow.
+  constexpr double kLimit = 1e9;
+  const double value = Val(text);
+  if (!(value > -kLimit)) return static_cast<int>(-kLimit);
+  if (!(value < kLimit)) return static_cast<int>(kLimit);
+  return static_cast<int>(value);
+}
+
 }  // namespace zelmo

@@ -9,6 +9,10 @@ namespace zelmo {
 // The number rule: read up to the first character that is no part of a
 // number; text with nothing readable is 0. "12abc" is 12, "abc" is 0.
 double Val(const std::string& text);
+// The same cut to a whole number towards zero and held within plus or minus
+// a thousand million, so that a damaged file yields a wild number and never
+// an overflow.
+int ValInt(const std::string& text);
 
 // The number-to-text rule, with single-precision digits: a non-negative number
 // gets one leading blank and no zero before the point, a negative one its

@@ -66,7 +66,7 @@ int MISched::ShownIndex() const {
 
 void MISched::MonthClick() {
   const MonthSchedule& month = Shown();
-  const int mode = static_cast<int>(Val(month.mode));
+  const int mode = ValInt(month.mode);
   for (int i = 0; i < 3; ++i) Option3D1[i].value = i == mode ? 1 : 0;
   for (int hour = 0; hour < kMaskHours; ++hour) {
     const bool on = hour < static_cast<int>(month.mask.size()) && month.mask[hour] == '1';

@@ -28,7 +28,7 @@ const OutputRow* OutputSpec::RowOf(int volume) const {
   return found;
 }
 
-int OutputSpec::OutputType() const { return static_cast<int>(Val(TrimBlanks(head[0]))); }
+int OutputSpec::OutputType() const { return ValInt(TrimBlanks(head[0])); }
 bool OutputSpec::WriteVolLoad() const { return IsFlagOn(head[1]); }
 bool OutputSpec::WriteSurfTmp() const { return IsFlagOn(head[2]); }
 

@@ -31,7 +31,7 @@ void AddGlass(std::vector<std::string>& lines, const GlassTable& table, int g) {
     // The angle table; a data type that is none of the three reads as one.
     const std::string count = cell(kGlassRowsColumn);
     lines.push_back(" " + count);
-    int rows = static_cast<int>(Val(count));
+    int rows = ValInt(count);
     if (rows > kMaxAngles) rows = kMaxAngles;
     for (int block = 0; block < 3; ++block) {
       std::string line;

@@ -159,9 +159,7 @@ void Wind_Types::Load() {
   ShowType(0);
 }
 
-int Wind_Types::NumberOf(int index) const {
-  return static_cast<int>(Val(FieldBefore(List1.items[index], "| ")));
-}
+int Wind_Types::NumberOf(int index) const { return ValInt(FieldBefore(List1.items[index], "| ")); }
 
 std::string Wind_Types::NameOf(int index) const {
   return TrimBlanks(FieldAfter(List1.items[index], "| "));

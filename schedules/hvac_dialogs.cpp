@@ -191,8 +191,7 @@ void MonthlyPeriodDialog::VScroll2Change() {
 
 void MonthlyPeriodDialog::Ok() {
   const std::string start = TrimBlanks(MonthStart.text), end = TrimBlanks(MonthEnd.text);
-  PeriodFaults faults = CheckMonthlyPeriod(items_, static_cast<int>(Val(start)),
-                                           static_cast<int>(Val(end)), selected_);
+  PeriodFaults faults = CheckMonthlyPeriod(items_, ValInt(start), ValInt(end), selected_);
   if (!faults.ok()) {
     Refuse(*session_.dialogs, faults.text, kPeriodCheckTitle, VScroll1);
     return;

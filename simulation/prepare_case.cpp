@@ -171,7 +171,7 @@ std::string Dat1Text(const Workspace& ws, const CaseData& data) {
     }
   }
   ForEachElement(data.surfaces, [&](const std::string& name, const std::vector<std::string>& el) {
-    int shape = static_cast<int>(Val(TrimBlanks(el[1]))) + 1;
+    int shape = ValInt(TrimBlanks(el[1])) + 1;
     out << T(name, 10) << N(shape, 10, 2);
     for (int k = 2; k <= 6; ++k) out << N(el[k], 10, 2);
     out << N(el[7], 5, 2) << N(el[8], 5, 2);
@@ -260,9 +260,12 @@ std::string Dat3Text(const Workspace& ws, const CaseData& data) {
   if (!HasCurtainedWindow(data.surfaces)) return out.bytes();
   double first = Val(TrimBlanks(data.Site(6)));
   double last = std::min(Val(TrimBlanks(data.Site(9))), first + kMaxYears);
-  for (double year = first; year <= last; ++year) {
-    int from = year == first ? static_cast<int>(Val(TrimBlanks(data.Site(7)))) : 1;
-    int to = year + 1 > last ? static_cast<int>(Val(TrimBlanks(data.Site(10)))) : 12;
+  // Counted in whole steps: a year too large for its digits would never
+  // move on.
+  for (int step = 0; step <= kMaxYears && first + step <= last; ++step) {
+    const double year = first + step;
+    int from = year == first ? ValInt(TrimBlanks(data.Site(7))) : 1;
+    int to = year + 1 > last ? ValInt(TrimBlanks(data.Site(10))) : 12;
     for (int month = std::max(from, 1); month <= std::min(to, kMonths); ++month) {
       const MonthSchedule& schedule = data.curtain_months[month - 1];
       out.Line(N(schedule.mode, 10, 3));
@@ -295,7 +298,7 @@ void WriteOutputSelection(DatText& out, const CaseData& data) {
   if (head(1) == "2" && head(2) == "-1") {
     out.Line("     1" + PadField(std::to_string(-static_cast<int>(data.volumes.size())), 6, "H"));
     for (const auto& volume : data.volumes) {
-      const OutputRow* row = chosen->RowOf(static_cast<int>(Val(volume)));
+      const OutputRow* row = chosen->RowOf(ValInt(volume));
       std::string ticked;
       for (int k = 1; row && k <= kOutputQuantities; ++k) {
         if (TrimBlanks(row->flags[k - 1]) != "-1") continue;
@@ -333,7 +336,7 @@ std::string Dat4Text(const Workspace& ws, const CaseData& data) {
   out.Line(data.Gen(3) + " " + exterior + " " + interior + " " + Hundredth(data.Gen(2)));
   WriteOutputSelection(out, data);
 
-  int year = static_cast<int>(Val(TrimBlanks(data.Site(6))));
+  int year = ValInt(TrimBlanks(data.Site(6)));
   AppendHvacDelivery(out.raw(), data.schedules, year);
 
   for (const auto& volume : data.volumes) {

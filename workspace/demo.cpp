@@ -48,7 +48,8 @@ void Activate(Session& session, StartForm& main) {
     if (ToLower(line).find("cli") != std::string::npos) line = climate;
   }
   if (!WriteAllLines(site_copy, *lines)) return;
-  DeleteFile(site);
+  // The copy replaces the site file in one step, so a kill in between never
+  // leaves the case without one.
   if (!RenamePath(site_copy, site)) return;
 
   for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
