@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+
 #include "building/advconn.h"
 #include "building/fluid_adv_screen.h"
 #include "building/fluids_test_case.h"
@@ -94,16 +97,51 @@ std::string At(const Grid& grid) {
   return std::to_string(grid.row) + "," + std::to_string(grid.col);
 }
 
-TEST(FluidAdvScreen, NoVolumesSaysSoAndCloses) {
-  // No volume behind any element, and no SURFACE.INP at all.
-  for (bool file : {true, false}) {
+// A screen that cannot open says why and writes nothing: no volumes, too few
+// for ventilation, or a damaged file ("@" stands for the case folder).
+TEST(FluidScreens, RefuseToOpenWithTheirMessage) {
+  const ShownMessage none{"There are no volumes", mb::kOkOnly, "MESSAGE"};
+  const ShownMessage cut{"Subscript out of range\r@/SURFACE.INP, line 39", mb::kCritical,
+                         "Error message"};
+  const struct {
+    bool vent;
+    std::vector<std::pair<std::string, std::string>> elements;
+    std::string fluids;
+    ShownMessage message;
+  } rows[] = {
+      {false, {{"0", "0"}, {"-1", "0"}}, "", none},
+      {false, {}, "", none},  // no SURFACE.INP
+      {false,
+       {{"1", "2"}},
+       "1\t2\r\n2\t1\r\n15\t1\r\n",
+       {"Subscript out of range\r@/FLUIDS.INP, line 3", mb::kCritical, "Error message"}},
+      {true, {{"0", "0"}, {"-1", "0"}}, "", none},
+      {true,
+       {{"0", "1"}, {"-1", "1"}},
+       "",
+       {"There are less than two volumes", mb::kOkOnly, "MESSAGE"}},
+      // A volume code past the tables is a damaged element file.
+      {true, {{"0", "1"}, {"1", "9"}}, "", cut},
+      {true, {{"0", "1"}, {"1", "-2"}}, "", cut},
+      {true, {{"0", "1"}, {"1", "99999999999"}}, "", cut},
+  };
+  for (const auto& row : rows) {
     FluidsCase c;
-    if (file) c.Elements({{"0", "0"}, {"-1", "0"}});
-    FluidAdv screen(c.fake.session);
-    screen.Load();
-    EXPECT_TRUE(screen.unloaded);
-    EXPECT_EQ(c.fake.dialogs.messages,
-              (std::vector<ShownMessage>{{"There are no volumes", mb::kOkOnly, "MESSAGE"}}));
+    if (!row.elements.empty()) c.Elements(row.elements);
+    if (!row.fluids.empty()) c.Put("FLUIDS.INP", row.fluids);
+    std::unique_ptr<Form> screen(row.vent ? static_cast<Form*>(new ForceVent(c.fake.session))
+                                          : new FluidAdv(c.fake.session));
+    const bool loaded = RunGuarded(c.fake.dialogs, [&screen] { screen->Load(); });
+    ShownMessage message = row.message;
+    if (message.text.find('@') != std::string::npos) {
+      message.text.replace(message.text.find('@'), 1, c.dir.path());
+    }
+    SCOPED_TRACE(message.text);
+    EXPECT_TRUE(!loaded || screen->unloaded);
+    EXPECT_EQ(c.fake.dialogs.messages, std::vector<ShownMessage>{message});
+    EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
+    EXPECT_FALSE(testing::Exists(c.dir / "ADVCONN.INP") || testing::Exists(c.dir / "FORCEVEN.INP"));
+    EXPECT_EQ(testing::Exists(c.dir / "FLUIDS.INP") ? c.Bytes("FLUIDS.INP") : "", row.fluids);
   }
 }
 
@@ -125,24 +163,10 @@ TEST(FluidAdvScreen, ShowsAirWithoutAFileAndOneRowPerConnection) {
   // Saved as it stands, air everywhere; every module must run again.
   screen.Ok();
   EXPECT_TRUE(screen.unloaded);
-  EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t0\t0\r\n2 - 3\t0\t0\r\n");
-  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t1\r\n2\t1\r\n3\t1\r\n");
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "XXXXXX\r\n");
-}
-
-TEST(FluidAdvScreen, ADamagedFluidsFileIsNamedAndTheScreenDoesNotOpen) {
-  FluidsCase c;
-  c.Elements({{"1", "2"}});
-  c.Put("FLUIDS.INP", "1\t2\r\n2\t1\r\n15\t1\r\n");
-  FluidAdv screen(c.fake.session);
-  EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
-  EXPECT_EQ(
-      c.fake.dialogs.messages,
-      (std::vector<ShownMessage>{{"Subscript out of range\r" + (c.dir / "FLUIDS.INP") + ", line 3",
-                                  mb::kCritical, "Error message"}}));
-  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t2\r\n2\t1\r\n15\t1\r\n");
-  EXPECT_FALSE(testing::Exists(c.dir / "ADVCONN.INP"));
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
+  EXPECT_EQ(c.Bytes("ADVCONN.INP") + c.Bytes("FLUIDS.INP") + c.Bytes("THERMAL.INP"),
+            "1 - 2\t0\t0\r\n2 - 3\t0\t0\r\n"
+            "1\t1\r\n2\t1\r\n3\t1\r\n"
+            "XXXXXX\r\n");
 }
 
 TEST(FluidAdvScreen, OneMarkPerRowAndStaleRowsDroppedAtSave) {
@@ -178,8 +202,9 @@ TEST(FluidAdvScreen, OneMarkPerRowAndStaleRowsDroppedAtSave) {
   EXPECT_EQ(GridRows(fluids), (Strings{head, "1|X||", "2|||X"}));
 
   screen.Ok();
-  EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t3.5\t2.1\r\n");
-  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t1\r\n2\t3\r\n");
+  EXPECT_EQ(c.Bytes("ADVCONN.INP") + c.Bytes("FLUIDS.INP"),
+            "1 - 2\t3.5\t2.1\r\n"
+            "1\t1\r\n2\t3\r\n");
 }
 
 TEST(FluidAdvScreen, ConnectionCellsTakeNumbersOnly) {
@@ -266,22 +291,30 @@ TEST(FluidAdvScreen, TheFirstFaultyCellIsShownAndNothingIsWritten) {
   EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t2\t1000000\r\n2 - 3\t0\t1\r\n1 - 3\t2.5\t.5\r\n");
 }
 
-TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
-  FluidsCase c;
-  c.Elements({{"1", "2"}});
-  FluidAdv screen(c.fake.session);
+// Cancel closes a screen at once while nothing changed; after `change` it
+// asks to save, and Cancel on the question keeps the screen open.
+template <class Screen>
+void CancelAsksAfterChanges(FluidsCase& c, Screen& screen, const std::function<void()>& change,
+                            const std::string& what) {
   screen.Load();
   screen.Cancel();
   EXPECT_TRUE(screen.unloaded && c.fake.dialogs.messages.empty());
   screen.unloaded = false;
-  Type(screen, "7");
+  change();
   c.fake.dialogs.answers = {Answer::kCancel};
   screen.Cancel();
   EXPECT_FALSE(screen.unloaded);
-  EXPECT_EQ(
-      c.fake.dialogs.messages,
-      (std::vector<ShownMessage>{{"Do you want to save changes ?\r\rFluid & advection connection",
-                                  mb::kYesNoCancel + mb::kExclamation, "Save"}}));
+  EXPECT_EQ(c.fake.dialogs.messages,
+            (std::vector<ShownMessage>{{"Do you want to save changes ?\r\r" + what,
+                                        mb::kYesNoCancel + mb::kExclamation, "Save"}}));
+}
+
+TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
+  FluidsCase c;
+  c.Elements({{"1", "2"}});
+  FluidAdv screen(c.fake.session);
+  CancelAsksAfterChanges(
+      c, screen, [&screen] { Type(screen, "7"); }, "Fluid & advection connection");
 
   // Yes checks first: a faulty cell keeps the screen open.
   screen.AdvConnList.col = 2;
@@ -289,8 +322,8 @@ TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
   c.fake.dialogs.answers = {Answer::kYes};
   screen.QueryUnload();
   EXPECT_FALSE(screen.unloaded);
-  EXPECT_EQ(c.fake.dialogs.Last().text, "Area must be a value (0 - 1000000)");
-  EXPECT_EQ(screen.AdvConnList.col, 2);
+  EXPECT_EQ(c.fake.dialogs.Last().text + At(screen.AdvConnList),
+            "Area must be a value (0 - 1000000)1,2");
   c.fake.dialogs.answers = {Answer::kNo};
   screen.Cancel();
   EXPECT_TRUE(screen.unloaded);
@@ -304,9 +337,10 @@ TEST(FluidAdvScreen, CancelAsksOnlyAfterChanges) {
   c.fake.dialogs.answers = {Answer::kYes};
   again.Cancel();
   EXPECT_TRUE(again.unloaded);
-  EXPECT_EQ(c.Bytes("ADVCONN.INP"), "1 - 2\t05\t02\r\n");
-  EXPECT_EQ(c.Bytes("FLUIDS.INP"), "1\t1\r\n2\t1\r\n");
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "XXXXXX\r\n");
+  EXPECT_EQ(c.Bytes("ADVCONN.INP") + c.Bytes("FLUIDS.INP") + c.Bytes("THERMAL.INP"),
+            "1 - 2\t05\t02\r\n"
+            "1\t1\r\n2\t1\r\n"
+            "XXXXXX\r\n");
 }
 
 void Type(ForceVent& screen, int row, const std::string& text) {
@@ -324,33 +358,6 @@ void Type(ForceVent& screen, int row, const std::string& text) {
 std::string At(const ForceVent& screen) {
   return screen.focus + " " + std::to_string(screen.Grid1.row) + "," +
          std::to_string(screen.Grid1.col);
-}
-
-TEST(ForceVentScreen, AVolumeCodePastTheTablesIsADamagedElementFile) {
-  for (const char* bad : {"9", "-2", "99999999999"}) {
-    FluidsCase c;
-    c.Elements({{"0", "1"}, {"1", bad}});
-    ForceVent screen(c.fake.session);
-    EXPECT_FALSE(RunGuarded(c.fake.dialogs, [&screen] { screen.Load(); }));
-    EXPECT_EQ(c.fake.dialogs.Texts(), (testing::Strings{"Subscript out of range\r" +
-                                                        (c.dir / "SURFACE.INP") + ", line 39"}));
-    EXPECT_FALSE(testing::Exists(c.dir / "FORCEVEN.INP"));
-    EXPECT_EQ(c.Bytes("THERMAL.INP"), "------\r\n");
-  }
-}
-
-TEST(ForceVentScreen, ClosesWithoutTwoVolumes) {
-  const std::pair<std::pair<std::string, std::string>, std::string> cases[] = {
-      {{"0", "0"}, "There are no volumes"}, {{"0", "1"}, "There are less than two volumes"}};
-  for (const auto& [sides, message] : cases) {
-    FluidsCase c;
-    c.Elements({sides, {"-1", sides.second}});
-    ForceVent screen(c.fake.session);
-    screen.Load();
-    EXPECT_TRUE(screen.unloaded);
-    EXPECT_EQ(c.fake.dialogs.messages,
-              (std::vector<ShownMessage>{{message, mb::kOkOnly, "MESSAGE"}}));
-  }
 }
 
 TEST(ForceVentScreen, PairsInOrderWithTheFlowsOfTheFile) {
@@ -432,18 +439,10 @@ TEST(ForceVentScreen, CancelAsksOnlyAfterChanges) {
   FluidsCase c;
   c.Elements({{"1", "2"}});
   ForceVent screen(c.fake.session);
-  screen.Load();
-  screen.QueryUnload();
-  EXPECT_TRUE(screen.unloaded && c.fake.dialogs.messages.empty());
-  screen.unloaded = false;
-  Type(screen, 1, "5");
+  CancelAsksAfterChanges(
+      c, screen, [&screen] { Type(screen, 1, "5"); }, "Forced ventilation");
   // Yes runs both checks: the balance refuses.
-  c.fake.dialogs.answers = {Answer::kCancel, Answer::kYes};
-  screen.Cancel();
-  EXPECT_FALSE(screen.unloaded);
-  EXPECT_EQ(c.fake.dialogs.Last(),
-            (ShownMessage{"Do you want to save changes ?\r\rForced ventilation",
-                          mb::kYesNoCancel + mb::kExclamation, "Save"}));
+  c.fake.dialogs.answers = {Answer::kYes};
   screen.Cancel();
   EXPECT_FALSE(screen.unloaded);
   EXPECT_EQ(c.fake.dialogs.Last(),
@@ -455,8 +454,7 @@ TEST(ForceVentScreen, CancelAsksOnlyAfterChanges) {
   screen.Cancel();
   EXPECT_TRUE(screen.unloaded);
   const std::string saved = "1\t2\t5\r\n0\t1\t5\r\n0\t2\t-5\r\n";
-  EXPECT_EQ(c.Bytes("FORCEVEN.INP"), saved);
-  EXPECT_EQ(c.Bytes("THERMAL.INP"), "-----X\r\n");
+  EXPECT_EQ(c.Bytes("FORCEVEN.INP") + c.Bytes("THERMAL.INP"), saved + "-----X\r\n");
 
   ForceVent last(c.fake.session);
   last.Load();

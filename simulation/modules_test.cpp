@@ -38,20 +38,20 @@ TEST(StatusFile, InitCodesAndTheFileCutShort) {
   ASSERT_TRUE(InitStatusFile(ws));
   EXPECT_EQ(ReadBytes(dir / "ECM.Dat"), "    0 Start     \r\nTOM\r\n0\r\n");
   EXPECT_EQ(Status(ws), "ok 0|Start|TOM|0");
-  const std::pair<const char*, const char*> files[] = {
-      {"    0 PLOR      \r\nDone\r\n 12.5\r\n", "ok 0|PLOR|Done|12.5"},
+  const std::tuple<const char*, const char*, const char*> files[] = {
+      {"ECM.Dat", "    0 PLOR      \r\nDone\r\n 12.5\r\n", "ok 0|PLOR|Done|12.5"},
       // A negative code is no error, and comes back as its absolute value.
-      {"   -7 NEB\r\nx\r\n0\r\n", "ok 7|NEB|x|0"},
+      {"ECM.Dat", "   -7 NEB\r\nx\r\n0\r\n", "ok 7|NEB|x|0"},
       // Free format: a comma ends a field, a quoted text is taken whole.
-      {"203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n", "failed 203|CORV, pass 2|Wall 5|3"}};
-  for (const auto& [bytes, status] : files) {
-    WriteBytes(dir / "ECM.Dat", bytes);
+      {"ECM.Dat", "203,\"CORV, pass 2\"\r\n  Wall 5 , more\r\n3\r\n",
+       "failed 203|CORV, pass 2|Wall 5|3"},
+      // The file's name is found whatever its case.
+      {"ecm.dat", "  401 FENT      \r\nTOM\r\n0\r\n", "failed 401|FENT|TOM|0"}};
+  for (const auto& [name, bytes, status] : files) {
+    DeleteFile(dir / "ECM.Dat");
+    WriteBytes(dir / name, bytes);
     EXPECT_EQ(Status(ws), status);
   }
-  // The file's name is found whatever its case.
-  DeleteFile(dir / "ECM.Dat");
-  WriteBytes(dir / "ecm.dat", "  401 FENT      \r\nTOM\r\n0\r\n");
-  EXPECT_EQ(Status(ws), "failed 401|FENT|TOM|0");
   // No file: module "??", failure, the code as it was.
   DeleteFile(dir / "ecm.dat");
   EXPECT_EQ(Status(ws, 5).substr(0, 12), "failed 5|??|");
@@ -247,16 +247,17 @@ struct ResultsCase {
     WriteBytes(dir / "office/case2/muk.lis", "MUK\r\n");
     WriteBytes(dir / "office/case2/LOADS.TXT", "1,5\t2,25\r\n3.0\r\n");
     std::filesystem::create_directories(ToFsPath(ws().MainDirectory));
+    screen.Load();
   }
   Workspace& ws() { return fake.ws(); }
   TempDir dir;
   FakeSession fake;
+  Results screen{fake.session};
 };
 
 TEST(Results, ListsCasesTypesAndFiles) {
   ResultsCase c;
-  Results screen(c.fake.session);
-  screen.Load();
+  Results& screen = c.screen;
   EXPECT_EQ(screen.caption + "|" + screen.Label1.caption,
             "TextFiles|Existing cases - Project : office");
   EXPECT_EQ(screen.CaseList.items, (testing::Strings{"case1 - First", "case2 - Second"}));
@@ -280,8 +281,7 @@ TEST(Results, ListsCasesTypesAndFiles) {
 
 TEST(Results, ShowsPrintsAndOpensAReport) {
   ResultsCase c;
-  Results screen(c.fake.session);
-  screen.Load();
+  Results& screen = c.screen;
   testing::Act(screen, {"TypeList#0"});
   EXPECT_FALSE(screen.Command1.visible);
   testing::Act(screen, {"File1#1"});
@@ -317,8 +317,7 @@ TEST(Results, TablesGoToTheSpreadsheetWithTheSystemsSeparator) {
   ResultsCase c;
   c.ws().DecimalComma = true;
   c.fake.desktop.registered_program = "C:\\Office\\EXCEL.EXE \"%1\"";
-  Results screen(c.fake.session);
-  screen.Load();
+  Results& screen = c.screen;
   testing::Act(screen, {"TypeList#1", "File1#0"});
   ASSERT_EQ(screen.File1.SelectedItem(), "LOADS.TXT");
   EXPECT_EQ(screen.Text1.text, "");  // tables are not shown in the box
