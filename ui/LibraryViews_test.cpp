@@ -3,17 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QRadioButton>
-#include <QTableWidget>
-#include <QTest>
 #include <QTimer>
 #include <functional>
-#include <memory>
 
 #include "libraries/gas_screen.h"
 #include "libraries/glass_types_screen.h"
@@ -25,8 +19,6 @@
 #include "libraries/walls_screen.h"
 #include "libraries/window_types_screen.h"
 #include "ui/commands.h"
-#include "ui/qt_dialogs.h"
-#include "ui/qt_text.h"
 #include "ui/test_support.h"
 #include "workspace/start_form.h"
 
