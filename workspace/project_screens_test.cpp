@@ -268,14 +268,14 @@ TEST_F(ProjectScreens, DeleteProjectByButtonAndByDoubleClick) {
   EXPECT_EQ(again.List1.items, (Strings{"keep - keep", "renamed - old"}));
   Act(again, {"List1#1*"});
   EXPECT_EQ(Projects(), "keep\tkeep\r\n");
-  fake.dialogs.screens["DelProject"] = [](Form& form) {
-    Act(form, {"List1#0*"});
-    EXPECT_FALSE(static_cast<DelProject&>(form).Command1.enabled);
-    Act(form, {"Command4"});
-  };
+  main.StateAfterNewCase();
+  auto& last = Show<DelProject>();
+  Act(last, {"List1#0*"});
+  EXPECT_FALSE(last.Command1.enabled || Exists(Data("PROJECTS.LIB")));
+  EXPECT_TRUE(main.M_NewProject.enabled && !main.M_OpenProject.enabled && !main.RT.enabled);
+  // From the menu the commands are set from the files again: still none.
   main.StateAfterNewCase();
   RunDeleteProject(main);
-  EXPECT_FALSE(Exists(Data("PROJECTS.LIB")));
   EXPECT_TRUE(main.M_NewProject.enabled && !main.M_OpenProject.enabled && !main.RT.enabled);
 }
 
