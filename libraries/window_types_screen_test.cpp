@@ -53,6 +53,20 @@ void Choose(Wind_Types& s, int index) {
   s.TypeChosen();
 }
 
+// The three properties shown, "U g Tsol".
+std::string Shown(const Wind_Types& s) {
+  return s.UValue.text + " " + s.GVAlue.text + " " + s.Tsol.text;
+}
+
+// The library project and its window types screen, loaded.
+class WindowTypes : public ::testing::Test {
+ protected:
+  WindowTypes() { s.Load(); }
+  LibraryCase c;
+  Wind_Types s{c.fake.session};
+  Rows seen;
+};
+
 void Click(Wind_Types& s, int row, void (Wind_Types::*event)()) {
   s.Grid1.row = row;
   (s.*event)();
@@ -74,23 +88,17 @@ struct RecordingProperties : WindowProperties {
   bool library = false;
 };
 
-TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
-  LibraryCase c;
-  Rows seen;
+TEST_F(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   RecordingProperties properties;
   properties.project = c.fake.ws().ProjectPath;
-  Wind_Types s(c.fake.session);
   s.properties = &properties;
-  s.Load();
-  EXPECT_EQ(s.List1.items.front(), "01| Single4mm");
-  EXPECT_EQ(s.caption, "Window types (Single4mm)");
+  EXPECT_EQ(s.List1.items.front() + "|" + s.caption, "01| Single4mm|Window types (Single4mm)");
   EXPECT_EQ(GridRows(s), Rows{" 1|Clear4mm|||No"});
   c.answers = {"Single4mm", " Test "};
   s.NewType();
   EXPECT_EQ(c.fake.dialogs.Last().text, "A window with the same name already exists");
   s.NewType();
-  EXPECT_EQ(s.List1.SelectedItem(), "07| Test");
-  EXPECT_EQ(s.caption, "Window types (Test)");
+  EXPECT_EQ(s.List1.SelectedItem() + "|" + s.caption, "07| Test|Window types (Test)");
   EXPECT_FALSE(s.Command9.enabled);
   AnswerPanes(c, {"Clear4mm\t\t\t1", "LowE4mm\tArgon\t 16\t0"}, &seen);
   s.AddPane();
@@ -110,7 +118,7 @@ TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   EXPECT_EQ(properties.exchange, JoinPath(c.fake.ws().ProjectPath, "") + "\r\n");
   EXPECT_TRUE(properties.library);
   EXPECT_FALSE(testing::Exists(JoinPath(c.fake.ws().MainDirectory, "UGFile.txt")));
-  EXPECT_EQ(s.UValue.text + " " + s.GVAlue.text + " " + s.Tsol.text, "1.23 0.500 0.457");
+  EXPECT_EQ(Shown(s), "1.23 0.500 0.457");
   const std::string library = c.Bytes("Wndw.Lib");
   EXPECT_NE(library.find("7 ! Number of window types\r\n"), std::string::npos);
   EXPECT_NE(library.find(" Test 2\r\n Clear4mm 1\r\n 16 Argon\r\n LowE4mm 0\r\n \r\n"),
@@ -119,11 +127,7 @@ TEST(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   EXPECT_TRUE(s.unloaded);
 }
 
-TEST(WindowTypes, PanesMoveAsTheGridSays) {
-  LibraryCase c;
-  Rows seen;
-  Wind_Types s(c.fake.session);
-  s.Load();
+TEST_F(WindowTypes, PanesMoveAsTheGridSays) {
   Choose(s, 4);  // Triple4-12-4-12-4, gaps of 12 mm Air
   AnswerPanes(c, {"LowE4mm\tKrypton\t10\t0", "Float4mm\tXenon\t8\t0"}, &seen);
   Click(s, 1, &Wind_Types::InsertPane);
@@ -156,12 +160,8 @@ TEST(WindowTypes, PanesMoveAsTheGridSays) {
             std::string::npos);
 }
 
-TEST(WindowTypes, EditingTheFirstPaneHidesItsGap) {
-  LibraryCase c;
-  Rows seen;
-  Wind_Types s(c.fake.session);
-  s.Load();
-  c.fake.dialogs.screens["AddGaGl"] = [&seen](Form& form) {
+TEST_F(WindowTypes, EditingTheFirstPaneHidesItsGap) {
+  c.fake.dialogs.screens["AddGaGl"] = [this](Form& form) {
     auto& box = static_cast<AddGaGl&>(form);
     seen.push_back(box.Combo1.SelectedItem() + (box.Combo2.visible ? "+gap" : "") +
                    box.Label5.caption);
@@ -199,15 +199,11 @@ TEST(AddGaGl, GapGasAndGlassExceptForTheFirstPane) {
     box.Text1.text = fields[1];
     box.Ok();
     EXPECT_EQ(box.accepted, messages.empty()) << input;
-    EXPECT_EQ(c.fake.dialogs.Last().text, messages);
-    EXPECT_EQ(box.focus, focus);
+    EXPECT_EQ(c.fake.dialogs.Last().text + "|" + box.focus, messages + "|" + focus) << input;
   }
 }
 
-TEST(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
-  LibraryCase c;
-  Wind_Types s(c.fake.session);
-  s.Load();
+TEST_F(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
   c.answers = {"Empty"};
   s.NewType();
   s.Ok();
@@ -241,24 +237,18 @@ TEST(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
 
 // The screen's own routine: the type chosen shows its properties; one whose
 // gas is not in the library leaves the three fields empty, without a word.
-TEST(WindowTypes, TheChosenTypeShowsItsPropertiesOrNone) {
-  LibraryCase c;
+TEST_F(WindowTypes, TheChosenTypeShowsItsPropertiesOrNone) {
+  EXPECT_EQ(Shown(s), "  ");
   c.Put("GASTP.INP", c.Bytes("GASTP.INP").substr(0, c.Bytes("GASTP.INP").find("Argon")));
-  Wind_Types s(c.fake.session);
-  s.Load();
-  EXPECT_EQ(s.UValue.text, "");
   Choose(s, 1);
-  EXPECT_EQ(s.UValue.text + " " + s.GVAlue.text + " " + s.Tsol.text, "2.86 0.755 0.691");
+  EXPECT_EQ(Shown(s), "2.86 0.755 0.691");
   Choose(s, 2);  // DoubleLowE4-16Ar-4
-  EXPECT_EQ(s.UValue.text + s.GVAlue.text + s.Tsol.text, "");
+  EXPECT_EQ(Shown(s), "  ");
   EXPECT_TRUE(c.fake.dialogs.Texts().empty());
 }
 
-TEST(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
-  LibraryCase c;
+TEST_F(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
   c.Elements({{{27, "2"}}}, "case2");
-  Wind_Types s(c.fake.session);
-  s.Load();
   Choose(s, 1);
   s.DeleteType();
   EXPECT_EQ(c.fake.dialogs.Last().text,
@@ -270,8 +260,8 @@ TEST(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
   EXPECT_EQ(c.Style(), mb::kYesNo + mb::kQuestion);
   EXPECT_EQ(s.List1.items.size(), 6u);
   s.DeleteType();
-  EXPECT_EQ(s.List1.items.size(), 5u);
-  EXPECT_EQ(s.List1.SelectedItem(), "02| Double4-12-4");
+  EXPECT_EQ(s.List1.SelectedItem() + "|" + std::to_string(s.List1.items.size()),
+            "02| Double4-12-4|5");
   EXPECT_EQ(c.Bytes("WNDTP.LIB").substr(0, 2), "2\t");
   c.answers = {"New"};
   s.NewType();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 #include "core/fields.h"
 #include "core/testing/fakes.h"
@@ -18,7 +19,7 @@ using testing::TempDir;
 using testing::WriteBytes;
 
 // A case of `volumes` rooms in a row, each joined to the next by an inner
-// wall with a door (the rectangle with a hole).
+// wall with a door (the rectangle with a hole), and its HVAC screen loaded.
 struct HvacScreenCase {
   explicit HvacScreenCase(int volumes = 3) {
     fake.ws().CasePath = dir.path();
@@ -36,6 +37,7 @@ struct HvacScreenCase {
       }
     }
     WriteBytes(dir / "SURFACE.INP", bytes);
+    screen.Load();
   }
   // Scripts the next dialog of that name to take the fields and press Ok.
   template <typename Dialog>
@@ -46,12 +48,12 @@ struct HvacScreenCase {
       dialog.Ok();
     };
   }
-  void AddSchedule(HVAC& screen, const std::string& name) {
+  void AddSchedule(HVAC& on, const std::string& name) {
     Answer<ScheduleNameDialog>("HVAC_Schedule_Add",
                                [name](ScheduleNameDialog& d) { d.Text1.text = name; });
-    screen.SAcmbClick();
+    on.SAcmbClick();
   }
-  void AddDaily(HVAC& screen, const std::string& start, const std::string& end) {
+  void AddDaily(const std::string& start, const std::string& end) {
     Answer<DailyPeriodDialog>("HVAC_Daily_Add", [start, end](DailyPeriodDialog& d) {
       d.Text1.text = FieldBefore(start, "/");
       d.Text2.text = FieldAfter(start, "/");
@@ -63,6 +65,7 @@ struct HvacScreenCase {
   std::string Bytes() const { return ReadBytes(dir / kHvacCalFile); }
   TempDir dir;
   FakeSession fake;
+  HVAC screen{fake.session};
 };
 
 // Types `text` into a cell as the keyboard does, after moving to it.
@@ -85,8 +88,7 @@ void Select(ComboBox& list, int index) {
 
 TEST(HvacScreen, TypedHoursStayWithTheirScheduleVolumeTypeAndPeriod) {
   HvacScreenCase c;
-  HVAC screen(c.fake.session);
-  screen.Load();
+  HVAC& screen = c.screen;
   ASSERT_FALSE(screen.unloaded);
   EXPECT_FALSE(screen.SDcmb.enabled);  // no schedule yet
   c.AddSchedule(screen, "Office");
@@ -99,15 +101,14 @@ TEST(HvacScreen, TypedHoursStayWithTheirScheduleVolumeTypeAndPeriod) {
   Type(screen, screen.HVACGRID1, 8, 2, "19");
   Select(screen.Combo4, kDaily);
   EXPECT_TRUE(screen.Combo2.visible && screen.Combo2.items.empty());
-  c.AddDaily(screen, "1/1", "30/4");
-  c.AddDaily(screen, "1/5", "31/12");
+  c.AddDaily("1/1", "30/4");
+  c.AddDaily("1/5", "31/12");
   EXPECT_EQ(screen.Combo2.items, (std::vector<std::string>{"1/1-30/4", "1/5-31/12"}));
   Type(screen, screen.HVACGRID1, 1, 5, "300");
   Select(screen.Combo2, 0);
   EXPECT_EQ(screen.HVACGRID1.Cell(1, 5), "");
   Select(screen.Combo3, 1);  // volume 2 has its own calendar
-  EXPECT_EQ(screen.Combo4.list_index, kWeekendWeekday);
-  EXPECT_FALSE(screen.Option1[1].enabled);
+  EXPECT_TRUE(screen.Combo4.list_index == kWeekendWeekday && !screen.Option1[1].enabled);
   Select(screen.Combo3, 0);
   EXPECT_EQ(screen.Combo4.list_index, kDaily);
   Select(screen.Combo2, 1);
@@ -123,16 +124,15 @@ TEST(HvacScreen, TypedHoursStayWithTheirScheduleVolumeTypeAndPeriod) {
   // A refused cell blocks the move and the list goes back.
   Type(screen, screen.HVACGRID1, 3, 1, "1.5");
   Select(screen.Combo3, 1);
-  EXPECT_EQ(screen.Combo3.list_index, 0);
   EXPECT_EQ(c.fake.dialogs.Last().title, "Check of input data");
-  EXPECT_EQ(std::make_pair(screen.HVACGRID1.row, screen.HVACGRID1.col), std::make_pair(3, 1));
-  EXPECT_EQ(screen.focus, "HVACGRID1");
+  EXPECT_EQ(std::make_tuple(screen.Combo3.list_index, screen.HVACGRID1.row, screen.HVACGRID1.col,
+                            screen.focus),
+            std::make_tuple(0, 3, 1, std::string("HVACGRID1")));
 }
 
 TEST(HvacScreen, KeysOfTheGrids) {
   HvacScreenCase c;
-  HVAC screen(c.fake.session);
-  screen.Load();
+  HVAC& screen = c.screen;
   c.AddSchedule(screen, "S");
   Grid& grid = screen.HVACGRID1;
   Type(screen, grid, 2, 3, "12,5-x");
@@ -151,13 +151,13 @@ TEST(HvacScreen, KeysOfTheGrids) {
   for (const auto& k : cases) {
     int key = k.key;
     screen.GridKeyPress(grid, key);
-    EXPECT_EQ(grid.Cell(2, 3), k.cell) << k.key;
-    EXPECT_EQ(std::make_pair(grid.row, grid.col), std::make_pair(k.row, k.col)) << k.key;
+    EXPECT_EQ(std::make_tuple(grid.Cell(2, 3), grid.row, grid.col),
+              std::make_tuple(k.cell, k.row, k.col))
+        << k.key;
   }
   // In the fill row an x stands for itself and replaces the cell.
   Type(screen, screen.HVACGRID1_Fill, 0, 4, "5x");
-  EXPECT_EQ(screen.HVACGRID1_Fill.Cell(0, 4), "x");
-  EXPECT_TRUE(screen.HourDirty);
+  EXPECT_TRUE(screen.HVACGRID1_Fill.Cell(0, 4) == "x" && screen.HourDirty);
   // After a drag the active cell is where it ended; in the fill row that
   // cell is emptied, in the hourly grid it keeps its text until typed over.
   for (Grid* dragged : {&grid, &screen.HVACGRID1_Fill}) {
@@ -166,36 +166,31 @@ TEST(HvacScreen, KeysOfTheGrids) {
     dragged->row_sel = 0;
     dragged->col_sel = 4;
     screen.GridSelChange(*dragged);
-    EXPECT_EQ(std::make_pair(dragged->row, dragged->col), std::make_pair(0, 4));
-    EXPECT_EQ(dragged->Cell(0, 4), dragged == &grid ? "7" : "") << dragged->name();
+    EXPECT_EQ(std::make_tuple(dragged->row, dragged->col, dragged->Cell(0, 4)),
+              std::make_tuple(0, 4, std::string(dragged == &grid ? "7" : "")))
+        << dragged->name();
   }
 }
 
 TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {
   HvacScreenCase c;
-  HVAC screen(c.fake.session);
-  screen.Load();
-  struct Case {
-    std::string text;
-    std::string message, title;
-  } names[] = {
-      {"  ", "You must give a name for the schedule ", "Schedule name - check"},
-      {"Two words", "There should be no space in the name ", "Schedule name - check"},
-  };
-  for (const auto& k : names) {
+  HVAC& screen = c.screen;
+  for (const auto& [text, message] :
+       {std::pair{"  ", "You must give a name for the schedule "},
+        std::pair{"Two words", "There should be no space in the name "}}) {
     ScheduleNameDialog dialog(c.fake.session, screen.result(), false);
-    dialog.Text1.text = k.text;
+    dialog.Text1.text = text;
     dialog.Ok();
     EXPECT_FALSE(dialog.unloaded);
-    EXPECT_EQ(c.fake.dialogs.Last().text, k.message);
-    EXPECT_EQ(dialog.focus, "Text1");
+    EXPECT_EQ(c.fake.dialogs.Last().title + "|" + c.fake.dialogs.Last().text + "|" + dialog.focus,
+              std::string("Schedule name - check|") + message + "|Text1");
   }
   ScheduleCopyDialog copy(c.fake.session, screen.result(), "Office");
   EXPECT_EQ(copy.Text2.text, " ");
   copy.Text2.text = "Two words";
   copy.Ok();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "The Target name should not have any spaces in it ");
-  EXPECT_EQ(c.fake.dialogs.Last().title, "HVAC - Schedules - Copy");
+  EXPECT_EQ(c.fake.dialogs.Last().title + "|" + c.fake.dialogs.Last().text,
+            "HVAC - Schedules - Copy|The Target name should not have any spaces in it ");
   VolumeCopyDialog volume(c.fake.session, screen.result(), {"Volume: 1", "Volume: 2"}, 1);
   volume.Ok();
   EXPECT_EQ(c.fake.dialogs.Last().text, "Source and target the same volume ! ");
@@ -213,8 +208,8 @@ TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {
   add.D1Change();
   EXPECT_EQ(add.Text1.text, " 31");
   add.Ok();
-  EXPECT_EQ(c.fake.dialogs.Last().text, "\rStart/Day must be a value (1 - 29)");
-  EXPECT_EQ(add.focus, "Text1");
+  EXPECT_EQ(c.fake.dialogs.Last().text + "|" + add.focus,
+            "\rStart/Day must be a value (1 - 29)|Text1");
   add.M2.value = 1;
   add.M2Change();
   EXPECT_EQ(add.M1.value, 1);
@@ -237,8 +232,7 @@ TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {
 
 TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
   HvacScreenCase c(2);
-  HVAC screen(c.fake.session);
-  screen.Load();
+  HVAC& screen = c.screen;
   c.AddSchedule(screen, "Office");
   Type(screen, screen.HVACGRID1, 9, 2, "21");
   Select(screen.Combo4, kMonthly);
@@ -269,8 +263,7 @@ TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
     k.change();
     screen.Ok();
     EXPECT_FALSE(screen.unloaded);
-    EXPECT_EQ(c.fake.dialogs.Last().text, k.message);
-    EXPECT_EQ(screen.focus, k.focus);
+    EXPECT_EQ(c.fake.dialogs.Last().text + "|" + screen.focus, k.message + "|" + k.focus);
     screen.focus.clear();
   }
   screen.IDLcheck.value = 0;
@@ -285,26 +278,24 @@ TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
   screen.Ok();
   ASSERT_TRUE(screen.unloaded);
   EXPECT_EQ(ReadBytes(c.dir / "THERMAL.INP"), "-----X\r\n");
-  auto lines = *ReadAllLines(c.dir / kHvacCalFile);
-  EXPECT_EQ(lines[0], "0\t1\t 80 \t0\t");
-  EXPECT_EQ(lines[2], " 1\t 1\t 2");
-  EXPECT_EQ(lines[3], "Office");
-  std::string rest_of_pairs;
-  for (int i = 0; i < kMaxPairs - 1; ++i) rest_of_pairs += " \t";
-  // Loads trimmed, the door open "100" where no opening was typed.
-  EXPECT_EQ(lines[8], "1\t1" + std::string(9, '\t') + "100\t" + rest_of_pairs);
-  EXPECT_EQ(lines[11], "4\t4" + std::string(7, '\t') + "12\t\t100\t" + rest_of_pairs);
-  EXPECT_EQ(lines[16], "9\t9\t\t21" + std::string(7, '\t') + "100\t" + rest_of_pairs);
-  EXPECT_EQ(lines[19], "12\t12" + std::string(9, '\t') + "50\t" + rest_of_pairs);
+  const auto lines = *ReadAllLines(c.dir / kHvacCalFile);
+  std::string pairs = "\t";  // the door open "100" where no opening was typed
+  for (int i = 0; i < kMaxPairs - 1; ++i) pairs += " \t";
+  // Loads trimmed.
+  EXPECT_EQ((std::vector{lines[0], lines[2], lines[3], lines[8], lines[11], lines[16], lines[19]}),
+            (std::vector<std::string>{"0\t1\t 80 \t0\t", " 1\t 1\t 2", "Office",
+                                      "1\t1" + std::string(9, '\t') + "100" + pairs,
+                                      "4\t4" + std::string(7, '\t') + "12\t\t100" + pairs,
+                                      "9\t9\t\t21" + std::string(7, '\t') + "100" + pairs,
+                                      "12\t12" + std::string(9, '\t') + "50" + pairs}));
 
   // Opened again, the screen shows what was saved; Cancel leaves the file.
   const std::string saved = c.Bytes();
   HVAC again(c.fake.session);
   again.Load();
   EXPECT_EQ(again.Combo1.items, std::vector<std::string>{"Office"});
-  EXPECT_EQ(again.HVACGRID1.Cell(9, 2), "21");
-  EXPECT_EQ(again.HVACGRID2.Cell(12, 1), "50");
-  EXPECT_EQ(again.Lval.text, " 80 ");
+  EXPECT_EQ(again.HVACGRID1.Cell(9, 2) + "|" + again.HVACGRID2.Cell(12, 1) + "|" + again.Lval.text,
+            "21|50| 80 ");
   c.AddSchedule(again, "Other");
   again.SDcmbClick();
   again.Cancel();
@@ -314,16 +305,11 @@ TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
 
 TEST(HvacScreen, OneVolumeHasNoOpeningsAndNoVolumeClosesTheScreen) {
   HvacScreenCase one(1);
-  HVAC screen(one.fake.session);
-  screen.Load();
-  EXPECT_FALSE(screen.Option1[0].visible || screen.Option1[1].visible);
-
+  EXPECT_FALSE(one.screen.Option1[0].visible || one.screen.Option1[1].visible);
   HvacScreenCase none(0);
-  HVAC empty(none.fake.session);
-  empty.Load();
-  EXPECT_TRUE(empty.unloaded);
-  EXPECT_EQ(none.fake.dialogs.Last().text, "There are no volumes ");
-  EXPECT_EQ(none.fake.dialogs.Last().title, "HVAC - Schedules");
+  EXPECT_TRUE(none.screen.unloaded);
+  EXPECT_EQ(none.fake.dialogs.Last().title + "|" + none.fake.dialogs.Last().text,
+            "HVAC - Schedules|There are no volumes ");
 }
 
 }  // namespace

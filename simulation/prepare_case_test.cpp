@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 
+#include "core/fields.h"
 #include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
@@ -43,22 +45,17 @@ struct CaseFolder {
 };
 
 // A SURFACE.INP block: the name, then the 29 fields given with '|' between.
-std::string Element(const std::string& name, const std::string& fields) {
+std::string Element(const std::string& name, std::string fields) {
+  std::replace(fields.begin(), fields.end(), '|', '\t');
+  std::vector<std::string> list = SplitTabs(fields);
+  list.resize(29);
   std::string block = name + "\r\n";
-  std::string field;
-  int count = 0;
-  for (size_t i = 0; i <= fields.size(); ++i) {
-    if (i == fields.size() || fields[i] == '|') {
-      block += "\t" + field + "\r\n";
-      field.clear();
-      ++count;
-    } else {
-      field += fields[i];
-    }
-  }
-  for (; count < 29; ++count) block += "\t\r\n";
+  for (const auto& field : list) block += "\t" + field + "\r\n";
   return block;
 }
+
+// A wall of volume 1 towards outdoors.
+const std::string kWall1 = "0|90|0|0|0|0|1|0|1|1|||||1";
 
 // The start and the end of a file's text.
 #define EXPECT_STARTS(text, start) EXPECT_EQ((text).substr(0, std::string(start).size()), start)
@@ -147,8 +144,7 @@ TEST(PrepareCase, VolumesPairsAndTheOneVolumeCase) {
   CaseFolder c;
   // Volumes 1 and 3 and a water volume 3: the pair line of 1 and 3 from
   // ADVCONN.INP.
-  c.Put("SURFACE.INP",
-        Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1") + Element("W3", "0|90|0|0|0|0|3|1|1|1|||||1"));
+  c.Put("SURFACE.INP", Element("W1", kWall1) + Element("W3", "0|90|0|0|0|0|3|1|1|1|||||1"));
   c.Put("FLUIDS.INP", "1\t1\r\n3\t2\r\n");
   c.Put("ADVCONN.INP", "1 - 3\t2.5\t1.25\r\n");
   c.Put("FORCEVEN.INP", "1\t3\t10\r\n0\t1\t-5\r\n0\t3\t15\r\n");
@@ -161,14 +157,25 @@ TEST(PrepareCase, VolumesPairsAndTheOneVolumeCase) {
             std::string::npos);
 
   // One volume: no pair lines, and FORCEVEN.INP goes; the volume writes its
-  // two head lines only.
+  // two head lines only. The other files missing give zeros and defaults.
   CaseFolder one;
-  one.Put("SURFACE.INP", Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1"));
+  one.Put("SURFACE.INP", Element("W1", kWall1));
   one.Put("FORCEVEN.INP", "0\t1\t25\r\n");
   PrepareCase(one.ws);
   EXPECT_FALSE(testing::Exists(JoinPath(one.ws.CasePath, "FORCEVEN.INP")));
   EXPECT_STARTS(one.Dat(1), "C - test\r\n   1.00   1.00\r\n   1.00\r\nW1");
-  EXPECT_ENDS(one.Dat(4), "\t\r\n     -1.00\r\n      0.00\r\n        0.\r\n");
+  EXPECT_EQ(one.Dat(2), "C - test\r\n        0.\r\n");
+  EXPECT_EQ(one.Dat(3),
+            "C - test\r\n     0.000\r\n     0.000     0.000     0.000\r\n     0.000\r\n"
+            "     0.000\r\n     0.000\r\n     0.000\r\n     0.000\r\n     0.000\r\n");
+  dat4 = one.Dat(4);
+  EXPECT_STARTS(dat4,
+                "1    0\r\n\r\nC - test\r\n0\r\n        0.\r\n        0.\r\n 11.0 -1  0\r\n"
+                "      0      0\r\n000000000\r\n");
+  // The HVAC block of a case without HVAC_Cal.Inp carries the default
+  // schedule.
+  EXPECT_NE(dat4.find("Default_Schedule-1 "), std::string::npos);
+  EXPECT_ENDS(dat4, "\t\r\n     -1.00\r\n      0.00\r\n        0.\r\n");
 }
 
 TEST(PrepareCase, WallBlocksDefaultWallAndMaterialsOnce) {
@@ -201,28 +208,11 @@ TEST(PrepareCase, WallBlocksDefaultWallAndMaterialsOnce) {
                 wool.substr(22 * 1) + "       10.\r\n" + wool + "        0.\r\n");
 }
 
-TEST(PrepareCase, MissingFilesGiveZerosAndDefaults) {
-  CaseFolder c;
-  c.Put("SURFACE.INP", Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1"));
-  PrepareCase(c.ws);
-  EXPECT_EQ(c.Dat(2), "C - test\r\n        0.\r\n");
-  EXPECT_EQ(c.Dat(3),
-            "C - test\r\n     0.000\r\n     0.000     0.000     0.000\r\n     0.000\r\n"
-            "     0.000\r\n     0.000\r\n     0.000\r\n     0.000\r\n     0.000\r\n");
-  std::string dat4 = c.Dat(4);
-  EXPECT_STARTS(dat4,
-                "1    0\r\n\r\nC - test\r\n0\r\n        0.\r\n        0.\r\n 11.0 -1  0\r\n"
-                "      0      0\r\n000000000\r\n");
-  // The HVAC block of a case without HVAC_Cal.Inp carries the default
-  // schedule.
-  EXPECT_NE(dat4.find("Default_Schedule-1 "), std::string::npos);
-}
-
 TEST(PrepareCase, ControlLinesOutputsAndCurtainSchedule) {
   CaseFolder c;
   c.ws.AccuracyLevelTL = "3x";
-  c.Put("SURFACE.INP", Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1|||||5|2") +
-                           Element("W2", "0|90|0|0|0|0|2|0|1|1|||||1|||||5|3"));
+  c.Put("SURFACE.INP",
+        Element("W1", kWall1 + "|||||5|2") + Element("W2", "0|90|0|0|0|0|2|0|1|1|||||1|||||5|3"));
   c.Put(
       "SITE.INP",
       "55.7\t 1\t 2\t\r\n12.5\r\n10\r\n0.2\r\nC:\\CLIM\\X.cli\r\n2001\r\n11\r\n15\r\n2002\r\n2\r\n"
@@ -251,7 +241,7 @@ TEST(PrepareCase, ControlLinesOutputsAndCurtainSchedule) {
 
   // Output not hourly, and one curtain throughout.
   c.Put("OUTPUT.INP", "1\r\n-1 \r\n 0 \r\n1\t-1\t0\t-1\t0\t0\t-1\t-1\t\r\n");
-  c.Put("SURFACE.INP", Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1|||||5|2"));
+  c.Put("SURFACE.INP", Element("W1", kWall1 + "|||||5|2"));
   PrepareCase(c.ws);
   dat4 = c.Dat(4);
   EXPECT_NE(dat4.find("        1.\r\n1.5 15.0 -1  .25\r\n      0      0\r\n000000000\r\n"),
@@ -261,7 +251,7 @@ TEST(PrepareCase, ControlLinesOutputsAndCurtainSchedule) {
 
 TEST(PrepareCase, ADamagedFileIsNamedAndNothingIsWritten) {
   CaseFolder c;
-  c.Put("SURFACE.INP", Element("W1", "0|90|0|0|0|0|1|0|1|1|||||1"));
+  c.Put("SURFACE.INP", Element("W1", kWall1));
   c.Put("DAT1.DAT", "old");
   c.Put("MISCHED.INP", "1\t7\t0\r\n");
   EXPECT_EQ(testing::FileErrorText([&] { PrepareCase(c.ws); }),

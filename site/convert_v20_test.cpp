@@ -169,9 +169,9 @@ TEST(Cv12TOv20, TheListsSayWhatIsMissing) {
       p.screen.EP.list_index = 0;
       p.screen.ProjectClick();
     }
-    EXPECT_EQ(p.fake.dialogs.Texts(), row.texts) << row.texts[0];
-    EXPECT_EQ(p.fake.dialogs.Last().title, "Error message");
-    EXPECT_EQ(p.fake.dialogs.Last().style, mb::kExclamation);
+    EXPECT_EQ(p.fake.dialogs.Texts(), row.texts);
+    EXPECT_EQ(p.fake.dialogs.Last(),
+              (ShownMessage{row.texts[0], mb::kExclamation, "Error message"}));
     p.screen.C_Convert.on_click();
     EXPECT_EQ(p.screen.TStatus.caption, "Finns inga cases");
   }

@@ -43,6 +43,20 @@ inline void SaveShot(QWidget* widget, const std::string& name) {
   widget->grab().save(QString::fromLocal8Bit(dir) + "/" + QString::fromStdString(name) + ".png");
 }
 
+// Every caption of a window is shown whole and every input lies inside it.
+inline void ExpectWhole(QWidget& dialog) {
+  for (auto* label : dialog.findChildren<QLabel*>()) {
+    if (label->isVisible() && !label->wordWrap()) {
+      EXPECT_GE(label->width(), label->sizeHint().width()) << S(label->objectName());
+    }
+  }
+  for (auto* widget : dialog.findChildren<QWidget*>()) {
+    if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
+    const QRect area(widget->mapTo(&dialog, QPoint(0, 0)), widget->size());
+    EXPECT_TRUE(dialog.rect().contains(area)) << S(widget->objectName());
+  }
+}
+
 // A screen's window, built and shown with its picture saved: it bears the
 // screen's caption, a widget for every control, every caption whole and
 // every input inside the window.
@@ -62,17 +76,7 @@ inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
   for (const Control* control : form.controls()) {
     EXPECT_TRUE(dialog->findChild<QWidget*>(Q(control->name()))) << control->name();
   }
-  // Every caption is shown whole and every input lies inside the window.
-  for (auto* label : dialog->findChildren<QLabel*>()) {
-    if (label->isVisible() && !label->wordWrap()) {
-      EXPECT_GE(label->width(), label->sizeHint().width()) << S(label->objectName());
-    }
-  }
-  for (auto* widget : dialog->findChildren<QWidget*>()) {
-    if (!widget->isVisible() || widget->objectName().isEmpty()) continue;
-    const QRect area(widget->mapTo(dialog.get(), QPoint(0, 0)), widget->size());
-    EXPECT_TRUE(dialog->rect().contains(area)) << S(widget->objectName());
-  }
+  ExpectWhole(*dialog);
   return dialog;
 }
 
