@@ -16,6 +16,7 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "libraries/window_library_export.h"
+#include "libraries/window_library_reader.h"
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
 #include "simulation/modules.h"
@@ -158,7 +159,6 @@ int RunRows(Context& c, const RunRequest& request, const std::vector<std::string
   SideBySide how;
   how.jobs = request.jobs > 0 ? request.jobs
                               : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-  how.case_dialogs = c.session.dialogs;
   how.cell_changed = [&c](int, int col, const Grid& case_grid) { ModuleLine(c, col, case_grid); };
   RunEnd end = RunEnd::kCompleted;
   std::vector<CaseOutcome> outcomes;
@@ -286,9 +286,11 @@ int WindowProperties(Context& c, const std::vector<std::string>& args) {
     };
     row("type", "name", "U", "g", "Tsol");
     bool failed = false;
+    const std::string library_path = JoinPath(ws.ProjectPath, kWindowLibraryFile);
+    const WindowLibrary library = ReadWindowLibrary(library_path);
     for (int number : numbers) {
       const std::string name = TrimBlanks(table.Cell(number, 1));
-      const WindowOutcome outcome = WindowPropertiesOf(ws.ProjectPath, number);
+      const WindowOutcome outcome = WindowPropertiesIn(library, library_path, number);
       if (!outcome.results) {
         row(std::to_string(number), name, "-", "-", "-");
         c.Err("zelmo: " + OneLine(outcome.fault));

@@ -66,7 +66,7 @@ class Dat1Reader {
   // The construction whose code and number stand at `column`, and the line
   // that follows it: the emittances of a wall, the type of a window.
   std::string Construction(const std::string& line, size_t column) {
-    int code = static_cast<int>(Dat1Value(Cut(line, column, 5)));
+    const double code = Dat1Value(Cut(line, column, 5));
     std::string number = Cut(line, column + 5, 5);
     if (code == kScreenCode) return "0";
     if (code == kWallCode) {

@@ -15,6 +15,7 @@ namespace {
 // One row as a plan of its own, in a session of its own.
 CaseOutcome RunCase(const Session& session, const Grid& grid, int row, const SideBySide& how) {
   CaseOutcome outcome;
+  outcome.row = row;
   outcome.name = RowCaseName(grid.Cell(row, kCaseColumn));
   outcome.ran = true;
   const auto start = std::chrono::steady_clock::now();
@@ -35,13 +36,13 @@ CaseOutcome RunCase(const Session& session, const Grid& grid, int row, const Sid
           if (how.cell_changed) how.cell_changed(row, col, one);
         },
         false, how.stopped);
-    if (outcome.end == RunEnd::kCompleted && included && how.commit) {
+    if (outcome.end == RunEnd::kCompleted && included) {
       CommitModuleFlags(own.ws, one);
     }
   });
   if (!clean) {
     outcome.end = RunEnd::kModuleFailed;
-    outcome.error = "error";
+    outcome.file_error = true;
   }
   for (int col = 0; col <= kLastModuleColumn; ++col) {
     outcome.cells.push_back(one.Cell(1, col));
@@ -55,7 +56,7 @@ CaseOutcome RunCase(const Session& session, const Grid& grid, int row, const Sid
 
 std::string CaseOutcome::Status() const {
   if (!ran) return "not run";
-  if (!error.empty()) return "error";
+  if (file_error) return "error";
   switch (end) {
     case RunEnd::kCompleted:
       return "ok";
@@ -82,6 +83,7 @@ std::vector<CaseOutcome> RunSideBySide(Session& session, const Grid& grid, const
   }
   std::vector<CaseOutcome> outcomes(rows.size());
   for (size_t k = 0; k < rows.size(); ++k) {
+    outcomes[k].row = rows[k];
     outcomes[k].name = RowCaseName(grid.Cell(rows[k], kCaseColumn));
   }
   std::atomic<size_t> next{0};

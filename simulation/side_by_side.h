@@ -22,11 +22,12 @@ struct Session;
 
 // How one case of a side-by-side run ended.
 struct CaseOutcome {
+  int row = 0;  // the case's row in the plan
   std::string name;
   int modules = 0;  // modules that ended or failed
   RunEnd end = RunEnd::kCompleted;
   bool ran = false;                // false: never started (a stop came first)
-  std::string error;               // the text of a damaged file, when one stopped the case
+  bool file_error = false;         // a damaged file stopped the case
   std::vector<std::string> cells;  // the row as the case's run left it
   int failed_col = -1;             // the module column painted red, or -1
   double seconds = 0;
@@ -47,12 +48,11 @@ struct SideBySide {
   // Called again and again on the calling thread while cases run, so that a
   // window stays alive; without it the calling thread just waits.
   std::function<void()> idle;
-  // A case that ends cleanly has its flags committed at once.
-  bool commit = true;
 };
 
 // Runs the rows of `grid` that are prepared or included, up to `how.jobs`
-// at a time, and gives back one outcome per such row, in row order. The
+// at a time, and gives back one outcome per such row, in row order. A case
+// that ends cleanly has its flags committed at once. The
 // checks before any case (CASES.LIB, Wndw.Lib) speak through the session's
 // dialogs and end the run as RunPlan ends it; `end` tells how. `grid` is not
 // written: the caller lays the outcomes' cells into it.

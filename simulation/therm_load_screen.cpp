@@ -91,10 +91,8 @@ void ThermLoad::Clear() { ClearTicks(ThermGrid); }
 
 void ThermLoad::SetRunning(bool running) {
   running_ = running;
-  for (Control* control : {static_cast<Control*>(&Command1), static_cast<Control*>(&Command4),
-                           static_cast<Control*>(&Command5), static_cast<Control*>(&Check1)}) {
+  for (Control* control : std::initializer_list<Control*>{&Command1, &Command4, &Command5, &Check1})
     control->enabled = !running;
-  }
   Command6.enabled = running;
   running_modules_.clear();
   if (!running) Label2.caption.clear();
@@ -197,12 +195,9 @@ RunEnd ThermLoad::SimulateSideBySide() {
   take_over();
   // Each row as its case left it. A case that ended cleanly has its flags
   // committed: its ticks go, so that a second Simulate does not run it again.
-  size_t k = 0;
-  for (int row = 1; row < ThermGrid.rows() && k < outcomes.size(); ++row) {
-    if (!Ticked(ThermGrid, row, kPrepareColumn) && !Ticked(ThermGrid, row, kIncludeColumn))
-      continue;
-    const CaseOutcome& outcome = outcomes[k++];
+  for (const CaseOutcome& outcome : outcomes) {
     if (!outcome.ran) continue;
+    const int row = outcome.row;
     for (int col = 0; col < static_cast<int>(outcome.cells.size()); ++col) {
       ThermGrid.Cell(row, col) = outcome.cells[col];
     }

@@ -40,9 +40,16 @@ struct ExampleProject {
     ws.CasePath = dir / "Example/Case1";
     fake.session.processes = &runner;
   }
+  // Case1's modules as STANDIN.INP steers them, run with the windows kept
+  // alive as the program runs them.
+  void LiveModules(const std::string& standin) {
+    fake.session.processes = &live;
+    testing::WriteBytes(dir / "Example/Case1/STANDIN.INP", standin);
+  }
   testing::TempDir dir;
   testing::FakeSession fake;
   platform::QtProcessRunner runner;
+  platform::QtProcessRunner live{true};
 };
 
 void ClickCell(QTableWidget* table, int row, int col, Qt::MouseButton button = Qt::LeftButton) {
@@ -95,9 +102,7 @@ TEST(ThermLoadView, ReachedFromTheMainWindowTickedRunAndAFailingModuleShown) {
 // progress line counts, and Stop ends the module.
 TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
   ExampleProject p;
-  platform::QtProcessRunner live(true);
-  p.fake.session.processes = &live;
-  testing::WriteBytes(p.dir / "Example/Case1/STANDIN.INP", "NEB DELAY 30\r\n");
+  p.LiveModules("NEB DELAY 30\r\n");
   ThermLoad screen(p.fake.session);
   auto dialog = ShowScreen(screen, p.fake.session);
   ASSERT_TRUE(dialog);
@@ -130,9 +135,7 @@ TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
 // run stops as a failed run, and the main window goes once the screen has.
 TEST(ThermLoadView, ClosingTheProgramDuringARunAsksStopsAndEnds) {
   ExampleProject p;
-  platform::QtProcessRunner live(true);
-  p.fake.session.processes = &live;
-  testing::WriteBytes(p.dir / "Example/Case1/STANDIN.INP", "PLOR DELAY 30\r\n");
+  p.LiveModules("PLOR DELAY 30\r\n");
   StartForm main(p.fake.session);
   StartWindow window(main, p.fake.session);
   window.show();

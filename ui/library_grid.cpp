@@ -1,22 +1,13 @@
 #include "ui/library_grid.h"
 
-#include <QHeaderView>
-#include <QScrollBar>
-
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 
 namespace zelmo::ui {
 
 QTableWidget* LibraryGrid(QDialog& dialog, Grid& grid, int visible_rows) {
-  auto* table = new QTableWidget(&dialog);
-  table->setObjectName(Q(grid.name()));
-  table->horizontalHeader()->hide();
-  table->verticalHeader()->hide();
-  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  QTableWidget* table = ReadOnlyGrid(dialog, grid);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->verticalHeader()->setDefaultSectionSize(Px(285));
-  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   // As wide as its columns, which the binder widens to show a heading whole,
   // and as high as its rows or the rows asked for, with a scroll bar then.
   table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);

@@ -58,7 +58,7 @@ void AddButtons(QDialog& dialog, QBoxLayout* layout,
   layout->addLayout(row);
 }
 
-QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows) {
+QTableWidget* ReadOnlyGrid(QDialog& dialog, const Grid& grid) {
   auto* table = new QTableWidget(&dialog);
   table->setObjectName(Q(grid.name()));
   table->horizontalHeader()->hide();
@@ -67,6 +67,11 @@ QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& g
   table->setSelectionMode(QAbstractItemView::SingleSelection);
   table->verticalHeader()->setDefaultSectionSize(Px(285));
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  return table;
+}
+
+QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows) {
+  QTableWidget* table = ReadOnlyGrid(dialog, grid);
   int width = 0;
   for (int w : grid.col_widths) width += Px(w);
   table->setFixedWidth(width + table->verticalScrollBar()->sizeHint().width() + 4);

@@ -31,8 +31,10 @@ void AddCaption(QDialog& dialog, QBoxLayout* layout, const Control& label);
 void AddField(QDialog& dialog, QBoxLayout* layout, const Control& label, const Control& field);
 // The list of projects or cases, `rows` items high.
 void AddList(QDialog& dialog, QBoxLayout* layout, const Control& list, int rows);
-// A grid the user reads and clicks but does not type into: its header line
-// is its own first row, its width that of its columns, `rows` rows high.
+// A grid the user reads and clicks but does not type into, one cell chosen
+// at a time: its header line is its own first row.
+QTableWidget* ReadOnlyGrid(QDialog& dialog, const Grid& grid);
+// The same, as wide as its columns and `rows` rows high, added to `layout`.
 QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows);
 // The buttons, right-aligned in one row.
 void AddButtons(QDialog& dialog, QBoxLayout* layout, std::initializer_list<const Control*> buttons);
