@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "core/stale.h"
 #include "core/text_file.h"
+#include "libraries/library_rules.h"
 #include "libraries/window_types_lib.h"
 #include "workspace/project_store.h"
 
@@ -57,6 +58,7 @@ void Addgas::Load() {
 }
 
 void Addgas::Ok() {
+  KeepNameOnOneLine(namegas);
   std::array<std::string, kGasFields> fields;
   const auto inputs = Inputs();
   for (int i = 0; i < kGasFields; ++i) fields[i] = inputs[i]->text;

@@ -2,6 +2,7 @@
 
 #include "core/controls.h"
 #include "core/dialogs.h"
+#include "core/fields.h"
 #include "core/numbers.h"
 #include "core/text_file.h"
 
@@ -23,6 +24,8 @@ bool NumberAbove(const std::string& text, double low) {
   const std::string value = TrimBlanks(text);
   return IsSignedNumberText(value) && Val(value) > low;
 }
+
+void KeepNameOnOneLine(Control& name) { name.text = OneLineText(name.text); }
 
 std::string LimitsText(double low, double high) {
   return NumText(low) + " - " + NumText(high) + ")";

@@ -29,6 +29,12 @@ bool NumberWithin(const std::string& text, double low, double high, bool single 
 // The trimmed text a plain number above `low` (and below `high`, when given).
 bool NumberAbove(const std::string& text, double low);
 
+// A name typed into a library's editor as its file can hold it: a control
+// character (a TAB or a line break, typed or pasted) would split the record or
+// start another, so every one is left out. Each editor passes its name field
+// through this before its checks, for a new record and a changed one alike.
+void KeepNameOnOneLine(Control& name);
+
 // The limits of a message behind its "(": lower + " - " + upper + ")" in the
 // number-to-text form, so a message reads "( 0 -  100)".
 std::string LimitsText(double low, double high);

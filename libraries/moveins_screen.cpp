@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "libraries/library_rules.h"
 
 namespace zelmo {
 
@@ -250,6 +251,7 @@ bool AddMoveIns::CheckAddMoveIns() {
 }
 
 void AddMoveIns::Ok() {
+  KeepNameOnOneLine(NAmeMI);
   if (!CheckAddMoveIns()) return;
   CurtainRecord values{{},
                        TrimBlanks(NAmeMI.text),

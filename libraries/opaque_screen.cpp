@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "libraries/library_rules.h"
 #include "libraries/walls_lib.h"
 #include "workspace/project_store.h"
 
@@ -60,6 +61,7 @@ bool AddOpaque::CheckMaterial() {
 }
 
 void AddOpaque::Ok() {
+  KeepNameOnOneLine(Mtrl);
   if (!CheckMaterial()) return;
   const std::array<std::string, 4> fields = {TrimBlanks(Mtrl.text), TrimBlanks(Conduct.text),
                                              TrimBlanks(Heat.text), TrimBlanks(Density.text)};

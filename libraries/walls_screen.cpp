@@ -166,15 +166,16 @@ void Walls::ShowWall(int index) {
   if (grid.rows() > 2) grid.RemoveRow(1);
   Command3D5.enabled = LayerRows() > 0;
   GridSelectRowTop(grid, 1, 0, 0);
-  if (slot > 0) {
-    UvalueWall.text = UValueText(WallResistance(lib_, slot, materials_, session_.ws));
-    caption = std::string(kTitle) + " (" + TrimBlanks(lib_.names[slot]) + ")";
-  } else {
-    UvalueWall.text.clear();
-    caption = kTitle;
-  }
+  caption = slot > 0 ? std::string(kTitle) + " (" + TrimBlanks(lib_.names[slot]) + ")" : kTitle;
+  ShowUValue();
   previous_index_ = index;
   UpdateButtons();
+}
+
+void Walls::ShowUValue() {
+  const int slot = CurrentWall();
+  UvalueWall.text =
+      slot > 0 ? UValueText(WallResistance(lib_, slot, materials_, session_.ws)) : std::string();
 }
 
 void Walls::UpdateButtons() {
@@ -347,6 +348,7 @@ void Walls::MaterialClicked(int index) {
     if (grid.rows() > 2 && TrimBlanks(grid.Cell(1, kTypeCol)).empty()) grid.RemoveRow(1);
   }
   StoreGridLayers();
+  ShowUValue();
   dirty_ = true;
   if (LayerRows() >= kMaxLayers) {
     CloseMaterials();
@@ -448,7 +450,11 @@ void Walls::OpaqueMaterials() {
   OpaqueMtrl screen(session_);
   screen.Tag.clear();
   session_.dialogs->ShowModal(screen);
-  if (screen.written()) ReadMaterials();
+  if (!screen.written()) return;
+  ReadMaterials();
+  // A material of the wall shown may have new values: its layers and its
+  // U-value are shown again.
+  ShowWall(WallList.list_index);
 }
 
 void Walls::Save() {

@@ -84,6 +84,9 @@ class Walls : public Form {
   // Shows the wall at `index` of the list (-1: none) without the layer
   // check, as the screen does when it moves the selection itself.
   void ShowWall(int index);
+  // The U-value of the wall shown, from its layers and materials as they
+  // are now; empty with no wall.
+  void ShowUValue();
   void UpdateButtons();
   // The grid's layers back into the tables, numbered from 1.
   void StoreGridLayers();

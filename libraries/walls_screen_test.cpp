@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "libraries/library_test_case.h"
+#include "libraries/opaque_screen.h"
 
 namespace zelmo {
 namespace {
@@ -76,6 +77,29 @@ TEST(WallsScreen, ANewWallOfThreeLayersIsSavedAndEveryCaseGoesStale) {
   s.Ok();
   EXPECT_NE(c.Bytes("WALLS.LIB").find("2\tRoof\r\n\t1\t100\r\n\t2\t20\r\n\t1\t5\r\n\t3\t50\r\n"),
             std::string::npos);
+}
+
+// The U-value shown follows every change of the wall's layers and of its
+// materials: 1 / (0.17 + the layers' thickness / conductivity).
+TEST(WallsScreen, TheUValueFollowsTheLayersAndTheirMaterials) {
+  WallsCase c;
+  Walls& s = c.screen;
+  EXPECT_EQ(s.UvalueWall.text, "3.704");  // 1 / (0.17 + 0.1)
+  s.AddLayers();
+  c.Layer(2, "50");
+  EXPECT_EQ(s.UvalueWall.text, "3.125");  // 1 / (0.17 + 0.1 + 0.05)
+  c.Layer(0, "30");
+  EXPECT_EQ(s.UvalueWall.text, "2.857");  // 1 / (0.17 + 0.1 + 0.05 + 0.03)
+  s.CloseMaterials();
+  // Material 1 conducts half as well.
+  c.fake.dialogs.screens["OpaqueMtrl"] = [](Form& form) {
+    auto& materials = static_cast<OpaqueMtrl&>(form);
+    materials.OpaqueList.Cell(1, 2) = "0.5";
+    materials.Ok();
+  };
+  s.OpaqueMaterials();
+  EXPECT_EQ(s.UvalueWall.text, "2.083");  // 1 / (0.17 + 0.2 + 0.05 + 0.06)
+  EXPECT_EQ(s.WallLayerList.Cell(1, 4), "0.5");
 }
 
 TEST(WallsScreen, NamesAreNotTakenTwice) {

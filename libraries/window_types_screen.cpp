@@ -157,6 +157,7 @@ void Wind_Types::Load() {
   if (List1.items.empty()) return;
   List1.list_index = 0;
   ShowType(0);
+  ShowProperties(false);
 }
 
 int Wind_Types::NumberOf(int index) const { return ValInt(FieldBefore(List1.items[index], "| ")); }
@@ -224,13 +225,22 @@ void Wind_Types::TypeChosen() {
   StoreType();
   SaveTypes();
   ShowType(index);
+  ShowProperties(true);
+}
+
+void Wind_Types::ShowProperties(bool say_why) {
+  UValue.text.clear();
+  GVAlue.text.clear();
+  Tsol.text.clear();
+  if (WindowCurrentIndex < 0) return;
   const Workspace& ws = session_.ws;
   if (!WriteWindowLibrary(ws)) {
-    session_.dialogs->MsgBox(kPanesMissing, mb::kOkOnly, "Message");
+    if (say_why) session_.dialogs->MsgBox(kPanesMissing, mb::kOkOnly, "Message");
     return;
   }
-  // The properties are asked for at each choice and never stored.
-  const auto results = RequestWindowProperties(ws, *properties, NumberOf(index));
+  // The properties are asked for whenever the type shown may have changed,
+  // and never stored.
+  const auto results = RequestWindowProperties(ws, *properties, NumberOf(WindowCurrentIndex));
   if (!results) return;
   // The masks "###0.00" and "###0.000".
   UValue.text = FormatDecimals(results->u, 2);
@@ -294,6 +304,7 @@ void Wind_Types::DeleteType() {
   }
   StoreType();
   SaveTypes();
+  ShowProperties(false);
 }
 
 int Wind_Types::SelectedPane() const {
@@ -324,6 +335,7 @@ void Wind_Types::PaneChanged() {
   Command9.enabled = PaneCount > 0;
   StoreType();
   SaveTypes();
+  ShowProperties(false);
 }
 
 void Wind_Types::AddPane() {
@@ -425,11 +437,14 @@ void Wind_Types::DeletePane() {
 void Wind_Types::OpenGlassTypes() {
   Glass_types screen(session_);
   session_.dialogs->ShowModal(screen);
+  // The panes' glass may have changed.
+  ShowProperties(false);
 }
 
 void Wind_Types::OpenGases() {
   Gases screen(session_);
   session_.dialogs->ShowModal(screen);
+  ShowProperties(false);
 }
 
 void Wind_Types::Ok() {

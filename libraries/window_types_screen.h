@@ -52,7 +52,7 @@ class Wind_Types : public Form {
  public:
   explicit Wind_Types(Session& session);
 
-  // Reads Wndtp.LIB and shows the first type, without its properties.
+  // Reads Wndtp.LIB and shows the first type with its properties.
   void Load() override;
   void QueryUnload() override { Cancel(); }
 
@@ -124,6 +124,10 @@ class Wind_Types : public Form {
   void PutPane(int row, int pane, const AddGaGl& form);
   void PutGap(int row, const AddGaGl& form);
   void PaneChanged();
+  // The properties of the type shown, from the files as they are now: Wndw.Lib
+  // is written and the type asked for. Nothing is shown when there is no type
+  // or the library cannot be written, which `say_why` tells the user.
+  void ShowProperties(bool say_why);
 
   Session& session_;
   WindowTable table_;

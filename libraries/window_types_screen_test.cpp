@@ -103,6 +103,7 @@ TEST_F(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
   AnswerPanes(c, {"Clear4mm\t\t\t1", "LowE4mm\tArgon\t 16\t0"}, &seen);
   s.AddPane();
   EXPECT_EQ(s.PaneEditCode, 101);
+  EXPECT_EQ(Shown(s), "1.23 0.500 0.457");
   s.AddPane();
   EXPECT_EQ(s.PaneEditCode, 103);
   EXPECT_EQ(seen, (Rows{"Add data (first)", "Add data"}));
@@ -112,9 +113,10 @@ TEST_F(WindowTypes, ANewTypeOfTwoPanesIsWrittenAndItsPropertiesAsked) {
             "7\tTest\t 2\tClear4mm\tYes\t16\tArgon\tLowE4mm\tNo\t\t\t\t\t\t\t\t\t\t\t\t\r\n");
   EXPECT_TRUE(c.AllStale());
 
-  // Choosing a type asks for its properties through the exchange file.
+  // Choosing a type asks for its properties through the exchange file, as
+  // each pane added did.
   Choose(s, 6);
-  EXPECT_EQ(properties.calls, Rows{"7 0 fits"});
+  EXPECT_EQ(properties.calls, Rows(3, "7 0 fits"));
   EXPECT_EQ(properties.exchange, JoinPath(c.fake.ws().ProjectPath, "") + "\r\n");
   EXPECT_TRUE(properties.library);
   EXPECT_FALSE(testing::Exists(JoinPath(c.fake.ws().MainDirectory, "UGFile.txt")));
@@ -235,16 +237,37 @@ TEST_F(WindowTypes, ATypeWithoutPanesIsRefusedAndFortyTypesAreTheLimit) {
   EXPECT_TRUE(empty.unloaded);
 }
 
-// The screen's own routine: the type chosen shows its properties; one whose
-// gas is not in the library leaves the three fields empty, without a word.
+// The screen's own routine: the type shown, from the opening on, shows its
+// properties; one whose gas is not in the library leaves the three fields
+// empty, without a word.
 TEST_F(WindowTypes, TheChosenTypeShowsItsPropertiesOrNone) {
-  EXPECT_EQ(Shown(s), "  ");
+  // One pane of 4 mm glass (conductivity 1) between the surface resistances
+  // 0.04 and 0.13 of EN ISO 6946: U = 1 / (0.04 + 0.004 + 0.13) = 5.747.
+  EXPECT_EQ(Shown(s).substr(0, 5), "5.75 ");
+  const std::string single = Shown(s);
   c.Put("GASTP.INP", c.Bytes("GASTP.INP").substr(0, c.Bytes("GASTP.INP").find("Argon")));
   Choose(s, 1);
   EXPECT_EQ(Shown(s), "2.86 0.755 0.691");
   Choose(s, 2);  // DoubleLowE4-16Ar-4
   EXPECT_EQ(Shown(s), "  ");
   EXPECT_TRUE(c.fake.dialogs.Texts().empty());
+
+  // Panes deleted, added and edited: the values are those of the panes
+  // shown.
+  Choose(s, 1);  // Double4-12-4
+  Click(s, 3, &Wind_Types::DeletePane);
+  EXPECT_EQ(Shown(s), single);
+  AnswerPanes(c, {"Clear4mm\tAir\t12\t0", "Clear4mm\tAir\t12\t0"}, &seen);
+  s.AddPane();
+  EXPECT_EQ(Shown(s), "2.86 0.755 0.691");
+  Click(s, 1, &Wind_Types::DeletePane);
+  EXPECT_EQ(Shown(s), single);
+  Click(s, 1, &Wind_Types::InsertPane);
+  EXPECT_EQ(Shown(s), "2.86 0.755 0.691");
+  // A new type has no panes and so no properties.
+  c.answers = {"Fresh"};
+  s.NewType();
+  EXPECT_EQ(Shown(s), "  ");
 }
 
 TEST_F(WindowTypes, DeletingAsksAndKeepsTheOtherNumbers) {
