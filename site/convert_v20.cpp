@@ -1,5 +1,8 @@
 #include "site/convert_v20.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "core/dialogs.h"
 #include "core/fields.h"
 #include "core/file_system.h"
@@ -29,6 +32,13 @@ constexpr int kFrontLine = 7;
 constexpr int kBackLine = 8;
 
 constexpr int kConvertHelpContext = 12142;
+
+// A curtain line of the new form: type, name and the three values.
+constexpr size_t kNewMoveInsFields = 5;
+
+constexpr const char* kNothingToConvert =
+    "The project has the form of v2.0 already. Nothing is changed.";
+constexpr const char* kConvertTitle = "Conversion v1.2 to V2.0";
 
 void AddLine(std::string& bytes, const std::string& line) {
   bytes += line;
@@ -96,6 +106,16 @@ std::string NewSurfaceBytes(TextReader& old, int16_t& leakage_mode) {
   return bytes;
 }
 
+bool IsNewMoveInsForm(TextReader& file) {
+  bool named = false;
+  while (!named && !file.AtEnd()) {
+    const std::string_view line = file.NextView();
+    named = static_cast<size_t>(std::count(line.begin(), line.end(), '\t')) + 1 >= kNewMoveInsFields;
+  }
+  file.Rewind();
+  return named;
+}
+
 std::string NewMoveInsBytes(TextReader& old) {
   std::string bytes;
   while (!old.AtEnd()) {
@@ -127,7 +147,12 @@ CaseConversion PlanCaseConversion(const std::string& folder, int16_t& leakage_mo
     }
   }
   const std::string surface = JoinPath(folder, kOldSurface);
-  if (!FileCanOpen(surface)) return plan;
+  if (!FileCanOpen(surface)) {
+    // With neither file there is no old form to tell: the case is left as
+    // it is, its schedules included.
+    plan.done_before = !has_site;
+    return plan;
+  }
   TextReader in(surface);
   if (!IsNewSurfaceForm(in)) {
     plan.surface = NewSurfaceBytes(in, leakage_mode);
@@ -221,7 +246,8 @@ void Cv12TOv20::Convert() {
     return;
   }
   TStatus.caption.clear();
-  BusyPointer busy(*session_.dialogs);
+  std::optional<BusyPointer> busy;
+  busy.emplace(*session_.dialogs);
   // Every file is read and its new form made before the first is written:
   // a damaged file stops the conversion with nothing changed.
   std::vector<CaseConversion> cases;
@@ -232,7 +258,17 @@ void Cv12TOv20::Convert() {
   std::optional<std::string> named_curtains;
   if (FileCanOpen(curtains)) {
     TextReader in(curtains);
-    named_curtains = NewMoveInsBytes(in);
+    // Named once only: a second name column would shift every value.
+    if (!IsNewMoveInsForm(in)) named_curtains = NewMoveInsBytes(in);
+  }
+  const bool all_done = std::all_of(cases.begin(), cases.end(),
+                                    [](const CaseConversion& c) { return c.done_before; });
+  if (all_done && !named_curtains) {
+    for (const std::string& name : EC.items) NCC.AddItem(name);
+    TStatus.caption = "Nothing to convert";
+    busy.reset();
+    session_.dialogs->MsgBox(kNothingToConvert, mb::kInformation, kConvertTitle);
+    return;
   }
   for (size_t i = 0; i < cases.size(); ++i) {
     if (cases[i].done_before) {

@@ -30,6 +30,9 @@ bool IsNewSurfaceForm(TextReader& file);
 // lines: each block gains the leakage, " 0" for an element with a volume on
 // both sides and " 1" otherwise. `leakage_mode` is left at the last one.
 std::string NewSurfaceBytes(TextReader& old, int16_t& leakage_mode);
+// True when MOVEINS.LIB has the new form: a line of five fields or more, the
+// name among them. Such a file is never named again.
+bool IsNewMoveInsForm(TextReader& file);
 // MOVEINS.LIB with a name, "Curtain type_" and the curtain's number, as the
 // second field of every line.
 std::string NewMoveInsBytes(TextReader& old);
@@ -58,7 +61,8 @@ class Cv12TOv20 : public Form {
 
   // Lists the cases of the chosen project.
   void ProjectClick();
-  // Converts every case of the list, then the project's MOVEINS.LIB.
+  // Converts every case of the list, then the project's MOVEINS.LIB. A
+  // project with nothing of the old form is left as it is, and says so.
   void Convert();
   void Help();
 

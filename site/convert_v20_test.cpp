@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
 #include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
@@ -80,7 +84,8 @@ TEST(Cv12TOv20, ConvertsEachCaseInPlaceByteForByteThenLeavesItAlone) {
   EXPECT_EQ(FilesWithExtension(p.Project(), ""), (Strings{"CASES.LIB", "MOVEINS.LIB"}));
   EXPECT_TRUE(p.fake.dialogs.messages.empty());
 
-  // Converted cases stay as they are; the curtains get a name once more.
+  // Converted cases and named curtains stay as they are, and the user is
+  // told that there was nothing to do.
   const std::string surface = ReadBytes(p.Project("one/SURFACE.INP"));
   WriteBytes(p.Project("one/FORCEVEN.INP"), "1\t2\t25\r\n");
   screen.C_Convert.on_click();
@@ -89,8 +94,78 @@ TEST(Cv12TOv20, ConvertsEachCaseInPlaceByteForByteThenLeavesItAlone) {
   EXPECT_EQ(ReadBytes(p.Project("one/SURFACE.INP")), surface);
   EXPECT_EQ(ReadBytes(p.Project("one/FORCEVEN.INP")), "1\t2\t25\r\n");
   EXPECT_EQ(ReadBytes(p.Project("MOVEINS.LIB")),
-            "1\tCurtain type_1\tCurtain type_1\t40\t20\t.05\r\n"
-            "12\tCurtain type_12\tCurtain type_12\t10\t60\t.2\r\n");
+            "1\tCurtain type_1\t40\t20\t.05\r\n12\tCurtain type_12\t10\t60\t.2\r\n");
+  EXPECT_EQ(p.fake.dialogs.messages,
+            (std::vector<ShownMessage>{
+                {"The project has the form of v2.0 already. Nothing is changed.",
+                 mb::kInformation, "Conversion v1.2 to V2.0"}}));
+  EXPECT_EQ(screen.TStatus.caption, "Nothing to convert");
+}
+
+// Every file of a folder and below it, by its path under the folder.
+std::map<std::string, std::string> TreeBytes(const std::string& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(ToFsPath(folder))) {
+    if (!entry.is_regular_file()) continue;
+    const std::string path = FromFsPath(entry.path());
+    files[path.substr(folder.size())] = ReadBytes(path);
+  }
+  return files;
+}
+
+// The projects of the program tree: the example of the new form is left
+// alone; the one of version 1.2 is converted once, and a second conversion
+// changes no byte of it.
+TEST(Cv12TOv20, ASecondConversionOrOneOfTheNewFormChangesNoByte) {
+  OldProject p;
+  CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ",
+                 p.dir / "Data");
+  p.screen.Load();
+  ASSERT_EQ(p.screen.EP.items, (Strings{"example - example", "v12demo - v12demo"}));
+  const struct {
+    int project;
+    int conversions_before;
+  } rows[] = {{0, 0}, {1, 1}};
+  for (const auto& row : rows) {
+    p.screen.EP.list_index = row.project;
+    p.screen.ProjectClick();
+    for (int k = 0; k < row.conversions_before; ++k) p.screen.Convert();
+    EXPECT_FALSE(p.screen.CC.items.empty() && row.conversions_before > 0);
+    const std::string folder = p.dir / ("Data/" + std::string(row.project ? "v12demo" : "Example"));
+    const auto before = TreeBytes(folder);
+    p.fake.dialogs.Clear();
+    p.screen.Convert();
+    EXPECT_EQ(TreeBytes(folder), before) << folder;
+    EXPECT_TRUE(p.screen.CC.items.empty());
+    EXPECT_EQ(p.screen.NCC.items, p.screen.EC.items);
+    EXPECT_EQ(p.fake.dialogs.Texts(),
+              Strings{"The project has the form of v2.0 already. Nothing is changed."});
+  }
+  // The curtains of version 1.2 got their names once.
+  EXPECT_EQ(ReadBytes(p.dir / "Data/v12demo/Moveins.Lib"),
+            "1\tCurtain type_1\t40\t20\t.05\r\n2\tCurtain type_2\t10\t60\t.2\r\n");
+}
+
+// A file of curtains is of the new form when a line has its five fields.
+TEST(Cv12TOv20, TheCurtainsFormIsToldByTheirFields) {
+  const struct {
+    const char* bytes;
+    bool named;
+  } rows[] = {
+      {"1\t40\t20\t.05\r\n", false},
+      {"\r\n1\t40\t20\t.05\r\n2\t40\t20\r\n", false},
+      {"1\tThin\t40\t20\t.05\r\n", true},
+      {"1\t40\t20\t.05\r\n2\tThin\t40\t20\t.05", true},
+      {"1\tCurtain type_1\tCurtain type_1\t40\t20\t.05\r\n", true},
+      {"", false},
+  };
+  for (const auto& row : rows) {
+    testing::TempDir dir;
+    WriteBytes(dir / "MOVEINS.LIB", row.bytes);
+    TextReader in(dir / "MOVEINS.LIB");
+    EXPECT_EQ(IsNewMoveInsForm(in), row.named) << row.bytes;
+    EXPECT_EQ(in.LineNumber(), 0) << row.bytes;
+  }
 }
 
 // Without a site file, or with an old one beside elements converted before
