@@ -27,6 +27,19 @@ int SpinValue(const std::string& text, const SpinButton& spin) {
   return value > spin.max ? spin.max : static_cast<int>(value);
 }
 
+// A month typed into a field: only digits are let in.
+void OnlyDigits(int& key) {
+  if (key >= ' ' && key < keys::kSpecial && (key < '0' || key > '9')) key = 0;
+}
+
+// The month a field holds when it is one its spin can take, else 0.
+int TypedMonth(const TextBox& field, const SpinButton& spin) {
+  const std::string text = TrimBlanks(field.text);
+  if (text.empty() || !IsDigitsOnly(text) || text.size() > 2) return 0;
+  const int month = std::stoi(text);
+  return month >= spin.min && month <= spin.max ? month : 0;
+}
+
 void Accept(Form& form, ScheduleDialogResult& result) {
   result.DialogResult = kOk;
   form.Unload();
@@ -165,13 +178,32 @@ MonthlyPeriodDialog::MonthlyPeriodDialog(Session& session, ScheduleDialogResult&
   }
   VScroll1.value = SpinValue(MonthStart.text, VScroll1);
   VScroll2.value = SpinValue(MonthEnd.text, VScroll2);
+  // The fields show the spins' months in their order, also of a damaged item.
+  MonthEnd.text = SpinText(VScroll2.value);
+  VScroll1Change();
   VScroll1.on_change = [this] { VScroll1Change(); };
   VScroll2.on_change = [this] { VScroll2Change(); };
+  for (TextBox* field : {&MonthStart, &MonthEnd}) {
+    field->max_length = 2;
+    field->on_key_press = OnlyDigits;
+  }
+  MonthStart.on_lost_focus = [this] { MonthStartTyped(); };
+  MonthEnd.on_lost_focus = [this] { MonthEndTyped(); };
   OkButton.on_click = [this] { Ok(); };
   CancelButton.on_click = [this] { CancelDialog(*this, result_); };
 }
 
 void MonthlyPeriodDialog::Load() { CenterForm(*this, session_.ws); }
+
+void MonthlyPeriodDialog::MonthStartTyped() {
+  if (const int month = TypedMonth(MonthStart, VScroll1)) VScroll1.value = month;
+  VScroll1Change();
+}
+
+void MonthlyPeriodDialog::MonthEndTyped() {
+  if (const int month = TypedMonth(MonthEnd, VScroll2)) VScroll2.value = month;
+  VScroll2Change();
+}
 
 void MonthlyPeriodDialog::VScroll1Change() {
   if (VScroll1.value > VScroll2.value) {
@@ -190,6 +222,9 @@ void MonthlyPeriodDialog::VScroll2Change() {
 }
 
 void MonthlyPeriodDialog::Ok() {
+  // The field last typed into may not have been left yet.
+  MonthStartTyped();
+  MonthEndTyped();
   const std::string start = TrimBlanks(MonthStart.text), end = TrimBlanks(MonthEnd.text);
   PeriodFaults faults = CheckMonthlyPeriod(items_, ValInt(start), ValInt(end), selected_);
   if (!faults.ok()) {
@@ -309,7 +344,7 @@ void VolumeCopyDialog::Ok() {
 
 std::optional<std::string> ChooseF_ILD(Session& session, const std::string& start_folder) {
   FileChoice choice;
-  choice.title = "Select an ILD file with internal loads :";
+  choice.title = "Internal loads";
   choice.folder = start_folder;
   choice.filters = {"*.ILD"};
   return session.dialogs->ChooseFile(choice);

@@ -86,6 +86,11 @@ class MonthlyPeriodDialog : public Form {
 
   void VScroll1Change();
   void VScroll2Change();
+  // A month typed into a field is held to the spin's range and order when
+  // the field is left: a month from 1 to 12 moves its spin as the arrows
+  // would, any other text gives the field its spin's month back.
+  void MonthStartTyped();
+  void MonthEndTyped();
   void Ok();
 
   Label Label1{this, "Label1"};  // Months

@@ -230,6 +230,62 @@ TEST(HvacScreen, DialogsCheckWhatTheyAreGiven) {
   EXPECT_EQ(screen.result().PeriodStart + "-" + screen.result().PeriodEnd, "4-5");
 }
 
+// A month typed into the monthly dialogs is held to the spins: 1 to 12, the
+// start never after the end; a field keeps only digits.
+TEST(HvacScreen, TypedMonthsAreHeldToTheSpins) {
+  HvacScreenCase c;
+  const struct {
+    const char* start;
+    const char* end;
+    const char* period;
+  } rows[] = {
+      {"15", "3", "1-3"}, {"13", "2", "1-2"},    {"0", "12", "1-12"},
+      {"", "", "1-1"},    {"12", "12", "12-12"}, {"1", "1", "1-1"},
+      {"5", "3", "3-3"},  {" 4 ", "9", "4-9"},   {"-3", "x", "1-1"},
+  };
+  for (const auto& row : rows) {
+    MonthlyPeriodDialog month(c.fake.session, c.screen.result(), {});
+    month.MonthStart.text = row.start;
+    month.MonthStart.on_lost_focus();
+    month.MonthEnd.text = row.end;
+    month.Ok();
+    ASSERT_TRUE(month.unloaded) << row.start << "-" << row.end;
+    EXPECT_EQ(c.screen.result().PeriodStart + "-" + c.screen.result().PeriodEnd, row.period)
+        << row.start << "-" << row.end;
+  }
+  // A start typed past the end pushes the end, an end before the start pulls
+  // the start, as the arrows do.
+  MonthlyPeriodDialog month(c.fake.session, c.screen.result(), {}, -1);
+  month.MonthStart.text = "7";
+  month.MonthStart.on_lost_focus();
+  EXPECT_EQ(month.MonthEnd.text + "|" + std::to_string(month.VScroll2.value), " 7|7");
+  month.MonthEnd.text = "2";
+  month.MonthEnd.on_lost_focus();
+  EXPECT_EQ(month.MonthStart.text + "-" + month.MonthEnd.text, " 2- 2");
+  // Keys: digits pass, other characters are swallowed, movement keys pass.
+  std::string kept;
+  for (int key : {int('1'), int('a'), int('-'), int(' '), int('9'), keys::kBack, keys::kLeft}) {
+    int k = key;
+    month.MonthStart.on_key_press(k);
+    kept += k == 0 ? "." : "+";
+  }
+  EXPECT_EQ(kept, "+...+++");
+  EXPECT_EQ(month.MonthStart.max_length, 2);
+  // The edit of a damaged item shows the months its spins can take.
+  MonthlyPeriodDialog damaged(c.fake.session, c.screen.result(), {"15-3"}, 0);
+  EXPECT_EQ(damaged.MonthStart.text + "-" + damaged.MonthEnd.text, " 12- 12");
+}
+
+TEST(HvacScreen, TheLoadsFileIsChosenUnderItsTitle) {
+  HvacScreenCase c;
+  c.screen.IDLcheck.value = 1;
+  c.screen.IDLcheckClick();
+  ASSERT_EQ(c.fake.dialogs.file_choices.size(), 1u);
+  EXPECT_EQ(c.fake.dialogs.file_choices[0].title, "Internal loads");
+  EXPECT_EQ(c.fake.dialogs.file_choices[0].filters, std::vector<std::string>{"*.ILD"});
+  EXPECT_EQ(c.screen.IDLcheck.value, 0);
+}
+
 TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
   HvacScreenCase c(2);
   HVAC& screen = c.screen;

@@ -34,8 +34,8 @@ namespace {
 
 // The text of a module input file. The modules read free-format numbers
 // from fixed columns, so a line may be built in several steps; it is ended
-// only where the format ends it. A line still open when the file ends stays
-// without its line end, as the modules have always received it.
+// only where the format ends it, and a line still open when the file ends is
+// ended there, so that every file ends with its line end.
 class DatText {
  public:
   DatText& operator<<(std::string_view text) {
@@ -43,6 +43,10 @@ class DatText {
     return *this;
   }
   void End() { bytes_ += "\r\n"; }
+  // Ends a line that was left open.
+  void Close() {
+    if (!bytes_.empty() && !bytes_.ends_with("\r\n")) End();
+  }
   void Line(std::string_view text) {
     bytes_ += text;
     End();
@@ -187,6 +191,9 @@ std::string Dat1Text(const Workspace& ws, const CaseData& data) {
       if (Set(el[27])) WriteWindow(out, el, 27, false);
     }
   });
+  // An element with neither construction nor window leaves its geometry
+  // line open for the next; the last one's is ended with the file.
+  out.Close();
   return out.bytes();
 }
 
@@ -224,9 +231,11 @@ std::string Dat2Text(const Workspace& ws, const CaseData& data) {
       if (number < 1 || number > kMaxMaterials) continue;
       int material = static_cast<int>(number);
       if (written[material]) continue;
-      written[material] = true;
       int row = FindMaterial(data.materials, TrimBlanks(l.material));
+      // A material absent from the library is described nowhere yet: the
+      // default wall must still describe material 6 when it comes.
       if (row < 0) continue;
+      written[material] = true;
       const OpaqueRow& m = data.materials[row];
       out.Line(T(m[1], 10));
       out.Line(TrimBlanks(m[2]) + " " + TrimBlanks(m[3]) + " " + TrimBlanks(m[4]));

@@ -127,10 +127,10 @@ TEST(PrepareCase, ElementLinesByShapeConstructionWindowAndHole) {
        " 1.00 5.00 0.40 0.50 0.00\r\n"
        " .6  .7\r\n"},
       // Neither construction nor window: the geometry line stays open to the
-      // end of the file.
+      // end of the file, which still ends it.
       {"nothing built", "0|90|0|0|0|0|0|1|4|2",
        "A               1.00     90.00      0.00      0.00      0.00      0.00 0.00 1.00\r\n"
-       "   4.00   2.00   0.00   0.00   0.00   0.00"},
+       "   4.00   2.00   0.00   0.00   0.00   0.00\r\n"},
   };
   for (const auto& row : rows) {
     CaseFolder c;
@@ -206,6 +206,23 @@ TEST(PrepareCase, WallBlocksDefaultWallAndMaterialsOnce) {
             "C - test\r\n        3.\r\n       10.\r\n    10.000     6.000\r\n"
             "Mineral wo\r\n0.04 0.24 50\r\n" +
                 wool.substr(22 * 1) + "       10.\r\n" + wool + "        0.\r\n");
+
+  // Material 6 absent from the library: a layer of it before the first
+  // missing wall describes nothing, and the default wall still describes
+  // its wool, once.
+  const std::string without_six[] = {"", "2\tLightweight concrete\t0.14\t0.28\t500\r\n"};
+  for (const std::string& library : without_six) {
+    CaseFolder e;
+    e.PutLib("WALLS.LIB", "1\tOuter\r\n\t6\t100\r\n3\tInner\r\n\t6\t45\r\n");
+    if (!library.empty()) e.PutLib("OPAQUE.LIB", library);
+    PrepareCase(e.ws);
+    EXPECT_EQ(e.Dat(2),
+              "C - test\r\n        3.\r\n"
+              "        1.\r\n    10.000     6.000\r\n"
+              "       10.\r\n    10.000     6.000\r\nMineral wo\r\n0.04 0.24 50\r\n" +
+                  wool.substr(22) + "        1.\r\n     4.500     6.000\r\n")
+        << library;
+  }
 }
 
 TEST(PrepareCase, ControlLinesOutputsAndCurtainSchedule) {

@@ -84,6 +84,16 @@ void ClearTicks(Grid& grid) {
   }
 }
 
+void ClearFailedCells(Grid& grid) {
+  for (int row = grid.fixed_rows; row < grid.rows(); ++row) {
+    for (int col = 0; col < grid.cols(); ++col) {
+      if (grid.CellBackColor(row, col) == kFailedColor) {
+        grid.SetCellBackColor(row, col, kDefaultColor);
+      }
+    }
+  }
+}
+
 std::optional<RunEnd> CheckBeforeCases(Session& session, bool write_library) {
   if (!FileCanOpen(CasesFilePath(session.ws))) {
     session.dialogs->MsgBox(kProjectEmpty, mb::kExclamation, kRunTitle);

@@ -55,6 +55,8 @@ bool AddCaseRows(const Workspace& ws, Grid& grid);
 // touches Prepare.
 void FillTicks(Grid& grid);
 void ClearTicks(Grid& grid);
+// Takes the red of the modules that failed in an earlier run off the plan.
+void ClearFailedCells(Grid& grid);
 
 enum class RunEnd {
   kCompleted,     // every row ran; the flags may be committed

@@ -129,6 +129,8 @@ void ThermLoad::Simulate() {
   if (running_) return;
   stop_requested_ = false;
   closing = false;
+  // A new run shows its own failures only.
+  ClearFailedCells(ThermGrid);
   SetRunning(true);
   RunEnd end = RunEnd::kModuleFailed;
   try {

@@ -179,6 +179,33 @@ TEST(ThermLoad, AFailingModuleStopsTheRunWithItsCellRedAndTheTicksCleared) {
   EXPECT_FALSE(refused.unloaded);
 }
 
+// The red cell of a module that failed stays until the next run starts, and
+// is gone while that run's first module runs.
+TEST(ThermLoad, ANewRunStartsWithoutTheRedOfTheLastOne) {
+  for (const int side_by_side : {0, 1}) {
+    Project p;
+    p.codes["NEB"] = 201;
+    ThermLoad screen(p.fake.session);
+    screen.Load();
+    screen.Check1.value = side_by_side;
+    screen.Simulate();
+    ASSERT_EQ(screen.ThermGrid.CellBackColor(1, 4), kFailedColor) << side_by_side;
+    EXPECT_EQ(screen.ThermGrid.CellBackColor(1, 0), Rgb(0, 160, 250));
+    p.codes.clear();
+    std::vector<int> seen;
+    const auto run = p.fake.processes.on_run;
+    p.fake.processes.on_run = [&](const testing::RunCall& call) {
+      seen.push_back(screen.ThermGrid.CellBackColor(1, 4));
+      run(call);
+    };
+    screen.ThermGrid.Cell(1, kIncludeColumn) = screen.ThermGrid.Cell(1, 3) = "X";
+    screen.Simulate();
+    EXPECT_EQ(seen, std::vector<int>{kDefaultColor}) << side_by_side;
+    // The colour of the current case is no failure's.
+    EXPECT_EQ(screen.ThermGrid.CellBackColor(1, 0), Rgb(0, 160, 250));
+  }
+}
+
 TEST(ThermLoad, AStopDuringTheThirdModuleLeavesAFailedRun) {
   Project p;
   ThermLoad screen(p.fake.session);
