@@ -152,6 +152,10 @@ bool EscapesFolder(const std::string& name) {
          OneLineText(name) != name;
 }
 
+bool UnfitName(const std::string& name) {
+  return EscapesFolder(name) || name.find(" -") != std::string::npos;
+}
+
 bool IsPlainFolderName(const std::string& name) {
   return !TrimBlanks(name).empty() && !EscapesFolder(name);
 }

@@ -33,6 +33,10 @@ std::string StripTrailingSeparator(const std::string& path);
 // True when a name typed by the user would leave its folder: it holds a path
 // separator or a control character, or is "." or "..".
 bool EscapesFolder(const std::string& name);
+// True when a project or case name typed by the user cannot be stored: it
+// would leave its folder, or it holds " -", which the lists of projects and
+// cases ("<name> - <headline>") take for the end of the name.
+bool UnfitName(const std::string& name);
 // A name that stays inside its folder and is not blank: the only kind of
 // register line that may name a project's or a case's folder.
 bool IsPlainFolderName(const std::string& name);

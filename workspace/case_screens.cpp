@@ -78,7 +78,7 @@ void NewCase::New() {
     return;
   }
   if (name.size() > kCaseNameLength || name.find(':') != std::string::npos ||
-      name.find('\\') != std::string::npos || !IsPlainCaseName(name) || EscapesFolder(name)) {
+      name.find('\\') != std::string::npos || !IsPlainCaseName(name) || UnfitName(name)) {
     Fail("Case name must be <= 8 characters long with no spacec in the name !");
     return;
   }
@@ -181,7 +181,7 @@ void CopyCase::Copy() {
     Fail("Casename must be set");
     return;
   }
-  if (name.size() > kCaseNameLength || !IsPlainCaseName(name) || EscapesFolder(name)) {
+  if (name.size() > kCaseNameLength || !IsPlainCaseName(name) || UnfitName(name)) {
     Fail("Casename not correct");
     return;
   }
@@ -256,7 +256,7 @@ void RenCase::Rename() {
     return;
   }
   // The name moves the folder: it must stay a folder of the project.
-  if (name.size() > kCaseNameLength || EscapesFolder(name)) {
+  if (name.size() > kCaseNameLength || UnfitName(name)) {
     dialogs.MsgBox("Case name must be <= 8 characters long with no spacec in the name !",
                    mb::kExclamation, kErrorTitle);
     Text1.SelectAll();

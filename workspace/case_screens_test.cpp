@@ -161,14 +161,14 @@ TEST_F(CaseScreens, RenameCaseMovesTheFolderAndMarksTheOpenCase) {
   // A clash stops without a word; names that leave the project are refused.
   fake.dialogs.screens.clear();
   fake.dialogs.Clear();
-  for (const std::string name : {"OFFICE", "../c2", "..", " "}) {
+  for (const std::string name : {"OFFICE", "../c2", "..", "a - b", " "}) {
     auto& refused = Show<RenCase>();
     Act(refused, {"List1#1", "Text1=" + name, "Command1"});
     if (name == "OFFICE") continue;
     EXPECT_FALSE(refused.unloaded);
     EXPECT_EQ(refused.focus, "Text1");
   }
-  EXPECT_EQ(fake.dialogs.Texts(), (Strings{kBadName, kBadName, "Casename must be set"}));
+  EXPECT_EQ(fake.dialogs.Texts(), (Strings{kBadName, kBadName, kBadName, "Casename must be set"}));
   EXPECT_EQ(Cases(), "office - first\r\nc2 - second, changed\r\n");
   EXPECT_EQ(SubFolders(ws().ProjectPath), (Strings{"c2", "Office"}));
 }

@@ -78,7 +78,7 @@ void NewProject::New() {
   Workspace& ws = session_.ws;
   const std::string name = TrimBlanks(Text1.text);
   const std::string path = JoinPath(ws.LocalPath, name);
-  if (name.size() >= 9 || name.find(' ') != std::string::npos || EscapesFolder(name)) {
+  if (name.size() >= 9 || name.find(' ') != std::string::npos || UnfitName(name)) {
     Fail("Name must be <=  8 characters long and no spaces in the name !");
     return;
   }
@@ -212,7 +212,7 @@ void CopyProject::Copy() {
   const std::string target = JoinPath(ws.LocalPath, name);
   const std::string source_directory = FieldAfter(List1.SelectedItem(), " - ");
   const std::string source = JoinPath(ws.LocalPath, source_directory);
-  if (name.size() >= 9 || EscapesFolder(name)) {
+  if (name.size() >= 9 || UnfitName(name)) {
     Fail("Target name must be <=  8 characters long");
     return;
   }
@@ -296,7 +296,7 @@ void RenProject::Rename() {
     Fail("Projectname must be set");
     return;
   }
-  if (EscapesFolder(name)) {
+  if (UnfitName(name)) {
     Fail("Name must be <=  8 characters long and no spaces in the name !");
     return;
   }

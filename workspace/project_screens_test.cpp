@@ -147,6 +147,7 @@ TEST_F(ProjectScreens, CopyProjectDropsResultsKeepsFlagsAndStaysOpen) {
   for (const auto& name : Words("abcdefghi a/b .. .")) {
     refusals.push_back({name, "Target name must be <=  8 characters long"});
   }
+  refusals.push_back({"a - b", "Target name must be <=  8 characters long"});
   for (const auto& [name, message] : refusals) {
     Act(screen, {"Text1=" + name, "Command1"});
     EXPECT_EQ(fake.dialogs.Last(), (ShownMessage{message, mb::kExclamation, "Error message"}))
@@ -194,7 +195,11 @@ TEST_F(ProjectScreens, RenameProjectChangesTheNameOnlyAndTheTitle) {
       {"", "Projectname must be set"},
       {"OTHER", "A project with the same name already exist"},
       {"newname", "A project with the same name already exist"},
-      {"a/b", kBadName}};
+      {"a/b", kBadName},
+      // The lists cut "<name> - <folder>" at the first " - ".
+      {"a - b", kBadName},
+      {"ab -", kBadName},
+      {"x -y", kBadName}};
   for (const auto& [name, message] : refusals) {
     auto& screen = Show<RenProject>();
     Act(screen, {"Text1=" + name, "Command1"});
