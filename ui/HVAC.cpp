@@ -176,6 +176,18 @@ void BuildHVAC(Form& form, QDialog& dialog, Session&) {
 
   root->addSpacing(Px(120));
   AddButtons(dialog, root, {&screen.Scmd1, &screen.Scmd2, &screen.Command1});
+
+  // What the openings view hides keeps its room, so that the frames and
+  // buttons around it stay where they were.
+  for (const Control* control : std::initializer_list<const Control*>{
+           &screen.IDLcheck, &screen.IDLChecktext, &screen.ILDName, &screen.HVACGRID_Clear,
+           &screen.Scmd1, &screen.Scmd2, &screen.Command1}) {
+    if (auto* widget = dialog.findChild<QWidget*>(Q(control->name()))) {
+      QSizePolicy policy = widget->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      widget->setSizePolicy(policy);
+    }
+  }
 }
 
 }  // namespace zelmo::ui

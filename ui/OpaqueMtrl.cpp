@@ -12,6 +12,7 @@
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
+#include "ui/window_height.h"
 
 namespace zelmo::ui {
 
@@ -21,7 +22,8 @@ void BuildOpaqueMtrl(Form& form, QDialog& dialog, Session&) {
   AddCaption(dialog, layout, screen.Label1);
   auto* table = LibraryGrid(dialog, screen.OpaqueList, 16);
   layout->addWidget(table);
-  layout->addStretch();
+  // The buttons follow the grid closely, with no empty band between.
+  HeightFromContents(dialog);
   AddButtons(dialog, layout,
              {&screen.Command1, &screen.Command2, &screen.Command3, &screen.Command4,
               &screen.Command5, &screen.Command6});

@@ -13,6 +13,7 @@
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
+#include "ui/window_height.h"
 
 namespace zelmo::ui {
 
@@ -145,6 +146,7 @@ void BuildSite(Form&, QDialog& dialog, Session&) {
   columns->addLayout(right);
   auto* root = new QVBoxLayout(&dialog);
   root->addLayout(columns);
+  HeightFromContents(dialog);
 }
 
 }  // namespace zelmo::ui

@@ -14,6 +14,7 @@
 #include "ui/qt_text.h"
 #include "ui/view_parts.h"
 #include "ui/views.h"
+#include "ui/window_height.h"
 
 namespace zelmo::ui {
 
@@ -103,6 +104,7 @@ void BuildAddGaGl(Form& form, QDialog& dialog, Session&) {
   grid->setColumnMinimumWidth(1, Px(2600));
   root->addLayout(grid);
   AddButtons(dialog, root, {&box.Command1, &box.Command2, &box.Command3});
+  HeightFromContents(dialog);
 }
 
 }  // namespace zelmo::ui

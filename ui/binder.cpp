@@ -25,6 +25,7 @@
 #include "core/dialogs.h"
 #include "core/guard.h"
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 
 namespace zelmo::ui {
 
@@ -343,6 +344,21 @@ void Binder::DragEnded(QTableWidget& table, const QPoint& at) {
   if (grid->on_sel_change) Fire(grid->on_sel_change);
 }
 
+void Binder::SyncHeading(const Grid& grid, QTableWidget& table) {
+  for (int r = 0; r < grid.fixed_rows && r < grid.rows(); ++r) {
+    if (!table.isRowHidden(r)) table.setRowHidden(r, true);
+  }
+  for (int c = 0; c < grid.cols(); ++c) {
+    const QString text = grid.rows() > 0 ? Q(grid.Cell(0, c)) : QString();
+    QTableWidgetItem* heading = table.horizontalHeaderItem(c);
+    if (!heading) {
+      table.setHorizontalHeaderItem(c, new QTableWidgetItem(text));
+    } else if (heading->text() != text) {
+      heading->setText(text);
+    }
+  }
+}
+
 void Binder::Sync() {
   syncing_ = true;
   // A screen may retitle itself, as the element screens do with the name of
@@ -351,6 +367,8 @@ void Binder::Sync() {
       root_->windowTitle() != WindowTitle(form_.caption)) {
     root_->setWindowTitle(WindowTitle(form_.caption));
   }
+  // Every window shows its whole title, a longer one given later too.
+  if (root_->isWindow()) FitTitle(*root_);
   for (const auto& pair : pairs_) {
     if (pair.object) SyncOne(pair.control, pair.object);
   }
@@ -470,6 +488,7 @@ void Binder::SyncOne(Control* control, QObject* object) {
     auto* grid = static_cast<Grid*>(control);
     if (table->rowCount() != grid->rows()) table->setRowCount(grid->rows());
     if (table->columnCount() != grid->cols()) table->setColumnCount(grid->cols());
+    if (table->property(kHeadingInHeader).toBool()) SyncHeading(*grid, *table);
     for (int r = 0; r < grid->rows(); ++r) {
       for (int c = 0; c < grid->cols(); ++c) {
         QString text = Q(grid->Cell(r, c));

@@ -26,6 +26,11 @@ namespace zelmo::ui {
 // clicked in the wall screen's list becomes a layer).
 inline constexpr const char* kClickOnRelease = "zelmoClickOnRelease";
 
+// A table whose widget carries this property as true shows the grid's header
+// line in its own header, which stays at the top while the rows scroll: the
+// grid's fixed rows are hidden, so the user can never choose them.
+inline constexpr const char* kHeadingInHeader = "zelmoHeadingInHeader";
+
 class Binder : public QObject {
  public:
   // Binds every control of `form` to the child of `root` that has its name.
@@ -49,6 +54,8 @@ class Binder : public QObject {
   };
   void Connect(Control* control, QObject* object);
   void SyncOne(Control* control, QObject* object);
+  // The header line of a grid in its table's own header.
+  void SyncHeading(const Grid& grid, QTableWidget& table);
   Control* ControlOf(QObject* object) const;
   // A drag over several cells of a grid ended at `at` in its viewport.
   void DragEnded(QTableWidget& table, const QPoint& at);

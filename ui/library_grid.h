@@ -1,5 +1,6 @@
-// The grids of the library screens: the header line is the grid's own first
-// row, whole rows are selected, and the table is as wide as its columns.
+// The grids of the library screens: the grid's header line stands in the
+// table's header, fixed at the top and never chosen; whole rows are
+// selected, and the table is as wide as its columns.
 #pragma once
 
 #include <QDialog>

@@ -21,7 +21,9 @@
 #include "core/session.h"
 #include "ui/binder.h"
 #include "ui/qt_text.h"
+#include "ui/view_parts.h"
 #include "ui/views.h"
+#include "ui/window_height.h"
 
 namespace zelmo::ui {
 
@@ -56,6 +58,8 @@ class MessageBox : public QDialog {
     buttons_->addStretch();
     root->addLayout(buttons_);
     root->setSizeConstraint(QLayout::SetFixedSize);
+    // A short text under a long title: the box is as wide as its title.
+    root->addStrut(TitleBarWidth(*this, windowTitle()));
   }
 
   void AddButton(const char* caption, Answer answer, bool is_default) {
@@ -148,6 +152,7 @@ void ScreenDialog::Bind() {
     button->setDefault(true);
   }
   setWindowTitle(WindowTitle(form_.caption));
+  FitTitle(*this);
   binder_->Sync();
 }
 
@@ -195,7 +200,8 @@ QDialog* BuildScreen(Form& form, Session& session) {
   auto* dialog = new ScreenDialog(form, dialogs);
   (*builder)(form, *dialog, session);
   if (form.width > 0 && form.height > 0) {
-    dialog->resize(Px(form.width), Px(form.height));
+    const bool own_height = dialog->property(kHeightFromContents).toBool();
+    dialog->resize(Px(form.width), own_height ? dialog->sizeHint().height() : Px(form.height));
   }
   // Bound first, so that the size takes in the captions the model fills.
   dialog->Bind();

@@ -68,6 +68,11 @@ inline std::unique_ptr<QDialog> ShowScreen(Form& form, Session& session) {
   dialog->show();
   SaveShot(dialog.get(), form.name());
   EXPECT_EQ(S(dialog->windowTitle()), form.caption);
+  // The window is wide enough for its whole title, set in bold.
+  QFont bold = dialog->font();
+  bold.setBold(true);
+  EXPECT_GE(dialog->width(), QFontMetrics(bold).horizontalAdvance(dialog->windowTitle()))
+      << form.name();
   // A centred screen is centred by the size it is shown at.
   if (form.centered) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

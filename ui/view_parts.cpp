@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 
 #include "ui/qt_text.h"
 
@@ -42,6 +43,24 @@ void AddList(QDialog& dialog, QBoxLayout* layout, const Control& list, int rows)
   widget->setSelectionMode(QAbstractItemView::SingleSelection);
   widget->setMinimumHeight(rows * Px(285) + 4);
   layout->addWidget(widget, 1);
+}
+
+int TitleBarWidth(const QWidget& window, const QString& title) {
+  QFont font = window.font();
+  font.setBold(true);
+  const int bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  // The icon and the three buttons are about as wide as the bar is high,
+  // with the bar's margins at both ends.
+  return QFontMetrics(font).horizontalAdvance(title) + 4 * bar + Px(600);
+}
+
+void FitTitle(QWidget& window) {
+  const int need = TitleBarWidth(window, window.windowTitle());
+  if (window.minimumWidth() >= need) return;
+  const bool fixed = window.minimumWidth() == window.maximumWidth();
+  window.setMinimumWidth(need);
+  if (fixed) window.setMaximumWidth(need);
+  if (window.width() < need) window.resize(need, window.height());
 }
 
 void AddButtons(QDialog& dialog, QBoxLayout* layout,

@@ -36,6 +36,13 @@ void AddList(QDialog& dialog, QBoxLayout* layout, const Control& list, int rows)
 QTableWidget* ReadOnlyGrid(QDialog& dialog, const Grid& grid);
 // The same, as wide as its columns and `rows` rows high, added to `layout`.
 QTableWidget* AddReadOnlyGrid(QDialog& dialog, QBoxLayout* layout, const Grid& grid, int rows);
+// The width a window needs for its title bar to show `title` whole: the text
+// in a bold face of the window's font, as title bars set it, with room for
+// the icon and the three buttons beside it.
+int TitleBarWidth(const QWidget& window, const QString& title);
+// Widens a window too narrow for its title; a window of fixed size stays
+// fixed at the new width.
+void FitTitle(QWidget& window);
 // The buttons, right-aligned in one row.
 void AddButtons(QDialog& dialog, QBoxLayout* layout, std::initializer_list<const Control*> buttons);
 
