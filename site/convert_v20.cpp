@@ -110,7 +110,8 @@ bool IsNewMoveInsForm(TextReader& file) {
   bool named = false;
   while (!named && !file.AtEnd()) {
     const std::string_view line = file.NextView();
-    named = static_cast<size_t>(std::count(line.begin(), line.end(), '\t')) + 1 >= kNewMoveInsFields;
+    named =
+        static_cast<size_t>(std::count(line.begin(), line.end(), '\t')) + 1 >= kNewMoveInsFields;
   }
   file.Rewind();
   return named;

@@ -95,10 +95,10 @@ TEST(Cv12TOv20, ConvertsEachCaseInPlaceByteForByteThenLeavesItAlone) {
   EXPECT_EQ(ReadBytes(p.Project("one/FORCEVEN.INP")), "1\t2\t25\r\n");
   EXPECT_EQ(ReadBytes(p.Project("MOVEINS.LIB")),
             "1\tCurtain type_1\t40\t20\t.05\r\n12\tCurtain type_12\t10\t60\t.2\r\n");
-  EXPECT_EQ(p.fake.dialogs.messages,
-            (std::vector<ShownMessage>{
-                {"The project has the form of v2.0 already. Nothing is changed.",
-                 mb::kInformation, "Conversion v1.2 to V2.0"}}));
+  EXPECT_EQ(
+      p.fake.dialogs.messages,
+      (std::vector<ShownMessage>{{"The project has the form of v2.0 already. Nothing is changed.",
+                                  mb::kInformation, "Conversion v1.2 to V2.0"}}));
   EXPECT_EQ(screen.TStatus.caption, "Nothing to convert");
 }
 
