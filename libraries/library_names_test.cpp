@@ -3,6 +3,8 @@
 // or start another one.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "libraries/gas_screen.h"
 #include "libraries/library_test_case.h"
 #include "libraries/moveins_screen.h"
@@ -23,43 +25,39 @@ struct Library {
   const char* tail;  // and behind it
 };
 
-void AddMaterial(LibraryCase& c, const std::string& name) {
-  c.fake.dialogs.screens["AddOpaque"] = [name](Form& form) {
-    auto& editor = static_cast<AddOpaque&>(form);
-    editor.Mtrl.text = name, editor.Conduct.text = "1";
-    editor.Heat.text = "1", editor.Density.text = "1";
+// The library's screen adds one record through its editor, which `fill`
+// answers, and is closed with OK.
+template <typename Screen, typename Editor>
+void AddThrough(LibraryCase& c, const char* editor_name, void (Screen::*add)(),
+                std::function<void(Editor&)> fill) {
+  c.fake.dialogs.screens[editor_name] = [fill](Form& form) {
+    auto& editor = static_cast<Editor&>(form);
+    fill(editor);
     editor.Ok();
   };
-  OpaqueMtrl screen(c.fake.session);
+  Screen screen(c.fake.session);
   screen.Load();
-  screen.Add();
+  (screen.*add)();
   screen.Ok();
+}
+
+void AddMaterial(LibraryCase& c, const std::string& name) {
+  AddThrough<OpaqueMtrl, AddOpaque>(c, "AddOpaque", &OpaqueMtrl::Add, [name](AddOpaque& e) {
+    e.Mtrl.text = name, e.Conduct.text = e.Heat.text = e.Density.text = "1";
+  });
 }
 
 void AddGas(LibraryCase& c, const std::string& name) {
-  c.fake.dialogs.screens["Addgas"] = [name](Form& form) {
-    auto& editor = static_cast<Addgas&>(form);
-    editor.namegas.text = name;
-    for (int i = 1; i < kGasFields; ++i) editor.Inputs()[i]->text = "1";
-    editor.Ok();
-  };
-  Gases screen(c.fake.session);
-  screen.Load();
-  screen.AddGas();
-  screen.Ok();
+  AddThrough<Gases, Addgas>(c, "Addgas", &Gases::AddGas, [name](Addgas& e) {
+    e.namegas.text = name;
+    for (int i = 1; i < kGasFields; ++i) e.Inputs()[i]->text = "1";
+  });
 }
 
 void AddCurtain(LibraryCase& c, const std::string& name) {
-  c.fake.dialogs.screens["AddMoveIns"] = [name](Form& form) {
-    auto& editor = static_cast<AddMoveIns&>(form);
-    editor.NAmeMI.text = name, editor.Solar.text = "30";
-    editor.Absorp.text = "40", editor.RValue.text = "0.25";
-    editor.Ok();
-  };
-  MoveIns screen(c.fake.session);
-  screen.Load();
-  screen.Add();
-  screen.Ok();
+  AddThrough<MoveIns, AddMoveIns>(c, "AddMoveIns", &MoveIns::Add, [name](AddMoveIns& e) {
+    e.NAmeMI.text = name, e.Solar.text = "30", e.Absorp.text = "40", e.RValue.text = "0.25";
+  });
 }
 
 TEST(LibraryNames, NoControlCharacterReachesAnyLibraryFile) {
