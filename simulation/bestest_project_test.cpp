@@ -127,8 +127,13 @@ TEST_F(BestestProject, EveryScreenOfEveryCaseAcceptsItsFilesAndSavesThemUnchange
     pars.Load();
     FluidAdv fluid_adv(fake.session);
     fluid_adv.Load();
+    // One volume has nothing to exchange air with: the screen says so and
+    // does not open.
     ForceVent force_vent(fake.session);
     force_vent.Load();
+    EXPECT_TRUE(force_vent.unloaded);
+    EXPECT_EQ(fake.dialogs.Texts(), Strings{"There are less than two volumes"});
+    fake.dialogs.Clear();
     Out_put output(fake.session);
     output.Load();
     MISched misched(fake.session);
@@ -154,7 +159,7 @@ TEST_F(BestestProject, EveryScreenOfEveryCaseAcceptsItsFilesAndSavesThemUnchange
     const std::vector<std::pair<Form*, std::function<void()>>> screens = {
         {&surface, [&] { surface.Ok(); }},     {&site, [&] { site.Ok(); }},
         {&pars, [&] { pars.Ok(); }},           {&fluid_adv, [&] { fluid_adv.Ok(); }},
-        {&force_vent, [&] { force_vent.Ok(); }}, {&output, [&] { output.Ok(); }},
+        {&output, [&] { output.Ok(); }},
         {&misched, [&] { misched.Ok(); }},     {&hvac, [&] { hvac.Ok(); }},
         {&opaque, [&] { opaque.Ok(); }},       {&walls, [&] { walls.Ok(); }},
         {&glass, [&] { glass.Ok(); }},         {&gases, [&] { gases.Ok(); }},
@@ -166,6 +171,9 @@ TEST_F(BestestProject, EveryScreenOfEveryCaseAcceptsItsFilesAndSavesThemUnchange
     EXPECT_EQ(fake.dialogs.Texts(), Strings{});
     fake.dialogs.Clear();
     for (const auto& [path, bytes] : Files()) {
+      // The window type screen writes the module input of the window
+      // library, as every run does.
+      if (LastName(path) == "Wndw.Lib") continue;
       if (!before.count(path)) {
         ADD_FAILURE() << "written: " << path;
       } else {

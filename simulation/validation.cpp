@@ -185,8 +185,10 @@ std::string BestestSettingsMarkdown() {
          "| Air layer of 0.192 m2 K/W in the high-conductance element | 12 mm of a material of "
          "conductivity 0.0625 W/(m K) (0.012 / 0.192) |\n"
          "| Glass 3.048 mm, conductivity 1.0, solar transmittance 0.834 and reflectance 0.075 "
-         "at normal incidence | Glass type of data type 3 (normal transmittance 83.4 %, "
-         "reflectance 7.5 %); its thickness and conductivity have no field |\n"
+         "at normal incidence | Fresnel glass (data type 2) of 3.048 mm with refraction 1.521 "
+         "and extinction 31.4 1/m, the values that give 0.834 and 0.075 at normal incidence "
+         "(the normal-incidence data type takes whole percents only); the pane's conductivity "
+         "has no field |\n"
          "| Six warm-up days or more | The first day calculated 20 times (Loop first day) |\n";
 }
 

@@ -53,11 +53,11 @@ MATERIALS = [
     (51, "Timber flooring", "0.14", jkg(1200), "650"),
     # The floor insulation has no thermal mass; the library takes nothing
     # below 0.01 for specific heat and density.
-    (52, "Insulation, massless", "0.04", "0.01", "0.01"),
+    (52, "Insulation massless", "0.04", "0.01", "0.01"),
     (53, "Foam insulation", "0.04", jkg(1400), "10"),
     (54, "Concrete block", "0.51", jkg(1000), "1400"),
     (55, "Concrete slab", "1.13", jkg(1000), "1400"),
-    (56, "Panel, high-cond.", "1.0", jkg(750), "2470"),
+    (56, "Panel high-cond.", "1.0", jkg(750), "2470"),
     # The air layer of the high-conductance element has a fixed resistance
     # of 0.192 m2 K/W: 12 mm of a conductivity 0.012 / 0.192 = 0.0625.
     (57, "Air layer R 0.192", "0.0625", jkg(1005), "1.0"),
@@ -75,6 +75,15 @@ WALLS = [
 ]
 
 GLASS = "Bestest3mm"
+# The pane as Fresnel glass: 3.048 mm with the refraction index and
+# extinction coefficient that give the pane's solar transmittance 0.834 and
+# reflectance 0.075 at normal incidence. With r = ((n - 1)/(n + 1))^2 the
+# reflectance of one face and t = exp(-K d) the internal transmittance,
+# T = (1 - r)^2 t / (1 - r^2 t^2) and R = r + r (1 - r)^2 t^2 / (1 - r^2 t^2)
+# (the slab with multiple reflections) solved for r and t give r = 0.04267,
+# t = 0.90863: n = 1.521, K = 31.4 1/m. The angle dependence then follows
+# from the glazing model, as the reference programs had it.
+GLASS_LINE = GLASS + "\t84\t84\t2\t3.048\t1.521\t31.4\t 0\t"
 WINDOW_TYPE = 1
 
 
@@ -208,7 +217,7 @@ def main():
         walls += ["\t%d\t%s" % layer for layer in layers]
     write(os.path.join(project, "WALLS.LIB"), walls)
     write(os.path.join(project, "GLASSTP.INP"), default_lines("GLASSTP.INP") +
-          ["%s\t84\t84\t3\t83.4\t7.5\t\t 0\t" % GLASS] + ["\t" * 12] * 3)
+          [GLASS_LINE] + ["\t" * 12] * 3)
     write(os.path.join(project, "GASTP.INP"), default_lines("GASTP.INP"))
     write(os.path.join(project, "WNDTP.LIB"),
           ["%d\tBestestDouble\t 2\t%s\tNo\t12\tAir\t%s\tNo" % (WINDOW_TYPE, GLASS, GLASS) + "\t" * 12])
@@ -220,6 +229,7 @@ def main():
         write(os.path.join(folder, "GENPARS.INP"), genpars_lines())
         write(os.path.join(folder, "OUTPUT.INP"), ["2", " 0 ", " 0 ", "1\t-1\t-1\t-1\t0\t0\t0\t0\t"])
         write(os.path.join(folder, "FLUIDS.INP"), ["1\t1"])
+        write(os.path.join(folder, "ADVCONN.INP"), [])
         write(os.path.join(folder, "MISCHED.INP"),
               ["%d\t0\t%s" % (m, "0" * 24) for m in range(1, 13)])
         write(os.path.join(folder, "HVAC_Cal.Inp"), hvac_lines(case))
