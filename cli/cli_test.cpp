@@ -144,7 +144,7 @@ TEST(CommandLine, SummaryOfACase) {
   }
   WriteBytes(sum, "ZELMO-QRN MUK 0123456789abcdef\r\nVolume\tHeating [kWh]\tCooling [kWh]\t"
                   "Peak heating [W]\tPeak cooling [W]\tT_min [C]\tT_mean [C]\tT_max [C]\r\n"
-                  "1\t4213.280\t5855.914\t3183.592\t6023.884\t20.000\t22.845\t27.000\r\n"
+                  "1\t4213.280\t5855.914\t3183.592\t6023.884\t20.000\t22.846\t27.000\r\n"
                   "2\t0.000\t0.000\t0.000\t0.000\t-12.700\t25.230\t64.600\r\n");
   EXPECT_EQ(r.Run({"summary", project, "CASE1"}), kExitOk) << r.err.str();
   EXPECT_EQ(r.out.str(),
