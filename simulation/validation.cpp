@@ -160,6 +160,32 @@ std::string ComparisonCsv(const ReferenceTable& table, const std::vector<Compari
   return text;
 }
 
+std::string ValidationReport(const ReferenceTable& table,
+                             const std::vector<Comparison>& comparisons,
+                             const std::string& chart_file) {
+  int inside = 0, results = 0;
+  for (const Comparison& c : comparisons) {
+    results += c.value.has_value();
+    inside += c.Inside();
+  }
+  std::string text =
+      "# ZELMO-QRN beside the reference programs: ANSI/ASHRAE Standard 140-2020, cases 600 to "
+      "220\n\n" +
+      std::to_string(inside) + " of " + std::to_string(comparisons.size()) +
+      " quantities lie inside the range [min, max] of the six reference programs' example "
+      "results; " +
+      std::to_string(results) + " have a result of this program.\n\n";
+  if (!chart_file.empty()) text += "![The quantities beside the six programs](" + chart_file + ")\n\n";
+  text += ComparisonMarkdown(table, comparisons) +
+          "\nOne volume, results of the calculation modules (MUK.SUM): heating and cooling over "
+          "the year, peaks as the largest hourly mean, temperatures of the hourly mean air "
+          "temperature. The reference values are the example results of ASHRAE 140-2020 "
+          "Annex B8, which are not acceptance criteria.\n\n"
+          "## Settings the program's input cannot say exactly\n\n" +
+          BestestSettingsMarkdown();
+  return text;
+}
+
 std::string BestestSettingsMarkdown() {
   return "| The case says | The program's input cannot say it; bestest takes |\n"
          "|---|---|\n"

@@ -67,6 +67,13 @@ std::string ComparisonMarkdown(const ReferenceTable& table,
 // when there is none) and the verdict in "range".
 std::string ComparisonCsv(const ReferenceTable& table, const std::vector<Comparison>& comparisons);
 
+// The whole report in Markdown: a title, how many rows lie inside the
+// range, the table, the chart `chart_file` when not empty, and the settings
+// of the project.
+std::string ValidationReport(const ReferenceTable& table,
+                             const std::vector<Comparison>& comparisons,
+                             const std::string& chart_file);
+
 // Where the program's input cannot say what a case says, the setting the
 // project bestest takes instead, as a Markdown table: the report prints it
 // beside the results.
