@@ -200,7 +200,7 @@ std::string BestestSettingsMarkdown() {
          "| Program's own interior convection | Interior film coefficient calculated (-1) |\n"
          "| Internal gains 200 W, 60 % radiative, 40 % convective | 200 W internal loads in the "
          "HVAC schedule; the split between air and surfaces is the heat balance module's own "
-         "radiative fraction |\n"
+         "radiative fraction for every internal load (0.6) |\n"
          "| Infiltration 0.5 air changes per hour at the site's air density | Inflow and outflow "
          "of 18 l/s (64.8 m3/h = 0.5 x 129.6 m3) in the HVAC schedule, every hour; the module "
          "turns the flow into mass at the site's air density; element leakage 0 |\n"

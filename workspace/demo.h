@@ -15,7 +15,7 @@ class StartForm;
 
 inline constexpr const char* kDemoClimateFile = "StockholmW(SE).cli";
 inline constexpr const char* kBestestProject = "bestest";
-inline constexpr const char* kBestestClimateFile = "DenverIntlAP(US).cli";
+inline constexpr const char* kBestestClimateFile = "DenverCO(US).CLI";
 
 // Rewrites the site file of a case folder through SiteX.inp: every line that
 // holds "cli" (case ignored) becomes `climate`. False when a step failed;

@@ -19,7 +19,7 @@ import sys
 # The climate file the site files point at before the project is activated:
 # the program tree's Climate folder of a default Windows installation. File
 # / Activate the demo project points them at the tree the program runs from.
-CLIMATE_FILE = "DenverIntlAP(US).cli"
+CLIMATE_FILE = "DenverCO(US).CLI"
 CLIMATE_PATH = "C:\\Zelmo\\Climate\\" + CLIMATE_FILE
 # The simulated year: the dates of the climate file's header.
 YEAR = "1995"
