@@ -129,11 +129,14 @@ TEST(CommandLine, SummaryOfACase) {
     int status;
     std::string err;
   } usage[] = {
-      {{"summary", project}, kExitUsage,
+      {{"summary", project},
+       kExitUsage,
        "zelmo: give a project folder and a case (zelmo --help lists the commands)\n"},
-      {{"summary", project, "case9"}, kExitUsage,
+      {{"summary", project, "case9"},
+       kExitUsage,
        "zelmo: case case9 is not in " + JoinPath(project, "CASES.LIB") + "\n"},
-      {{"summary", project, "case1"}, kExitFailed,
+      {{"summary", project, "case1"},
+       kExitFailed,
        "zelmo: case1: no results: " + JoinPath(project, "Case1/MUK.SUM") +
            " is missing; run the case first\n"},
   };
@@ -142,10 +145,11 @@ TEST(CommandLine, SummaryOfACase) {
     EXPECT_EQ(r.err.str(), row.err);
     EXPECT_EQ(r.out.str(), "");
   }
-  WriteBytes(sum, "ZELMO-QRN MUK 0123456789abcdef\r\nVolume\tHeating [kWh]\tCooling [kWh]\t"
-                  "Peak heating [W]\tPeak cooling [W]\tT_min [C]\tT_mean [C]\tT_max [C]\r\n"
-                  "1\t4213.280\t5855.914\t3183.592\t6023.884\t20.000\t22.846\t27.000\r\n"
-                  "2\t0.000\t0.000\t0.000\t0.000\t-12.700\t25.230\t64.600\r\n");
+  WriteBytes(sum,
+             "ZELMO-QRN MUK 0123456789abcdef\r\nVolume\tHeating [kWh]\tCooling [kWh]\t"
+             "Peak heating [W]\tPeak cooling [W]\tT_min [C]\tT_mean [C]\tT_max [C]\r\n"
+             "1\t4213.280\t5855.914\t3183.592\t6023.884\t20.000\t22.846\t27.000\r\n"
+             "2\t0.000\t0.000\t0.000\t0.000\t-12.700\t25.230\t64.600\r\n");
   EXPECT_EQ(r.Run({"summary", project, "CASE1"}), kExitOk) << r.err.str();
   EXPECT_EQ(r.out.str(),
             "1     4213.3     5855.9     3183.6     6023.9   20.00   22.85   27.00\n"

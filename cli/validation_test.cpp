@@ -2,6 +2,8 @@
 // of the staged program tree, each result compared with the range of the
 // reference programs' example results (docs/validation/reference.csv).
 // Labelled "validation": `ctest -L validation` runs it alone.
+#include "simulation/validation.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -12,7 +14,6 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "platform/qt_process.h"
-#include "simulation/validation.h"
 #include "workspace/demo.h"
 
 namespace zelmo::cli {

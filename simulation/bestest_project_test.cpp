@@ -72,12 +72,14 @@ TEST_F(BestestProject, TheCasesAreRegisteredAndPointAtTheDenverYearOnceActivated
   EXPECT_EQ(ReadBytes(JoinPath(Root(), "PROJECTS.LIB")),
             "example\texample\r\nv12demo\tv12demo\r\nbestest\tbestest\r\n");
   std::string cases;
-  for (const auto& name : kCases) cases += name + " - ASHRAE 140 case " + ToUpper(name.substr(1)) + "\r\n";
+  for (const auto& name : kCases)
+    cases += name + " - ASHRAE 140 case " + ToUpper(name.substr(1)) + "\r\n";
   EXPECT_EQ(ReadBytes(JoinPath(Project(), "CASES.LIB")), cases);
   // Before activation the path a default Windows installation has.
   const std::string site = JoinPath(Project(), "c600/Site.inp");
-  EXPECT_NE(ReadBytes(site).find(std::string("\r\nC:\\Zelmo\\Climate\\") + kBestestClimateFile + "\r\n"),
-            std::string::npos);
+  EXPECT_NE(
+      ReadBytes(site).find(std::string("\r\nC:\\Zelmo\\Climate\\") + kBestestClimateFile + "\r\n"),
+      std::string::npos);
   const auto before = Files();
   ActivateDemoProject(fake.session, main);
   EXPECT_EQ(fake.dialogs.Texts(), Strings{"The demo project is successfully activated"});
@@ -157,13 +159,13 @@ TEST_F(BestestProject, EveryScreenOfEveryCaseAcceptsItsFilesAndSavesThemUnchange
     curtains.Load();
     // OK on each, as the user leaves them.
     const std::vector<std::pair<Form*, std::function<void()>>> screens = {
-        {&surface, [&] { surface.Ok(); }},     {&site, [&] { site.Ok(); }},
-        {&pars, [&] { pars.Ok(); }},           {&fluid_adv, [&] { fluid_adv.Ok(); }},
-        {&output, [&] { output.Ok(); }},
-        {&misched, [&] { misched.Ok(); }},     {&hvac, [&] { hvac.Ok(); }},
-        {&opaque, [&] { opaque.Ok(); }},       {&walls, [&] { walls.Ok(); }},
-        {&glass, [&] { glass.Ok(); }},         {&gases, [&] { gases.Ok(); }},
-        {&windows, [&] { windows.Ok(); }},     {&curtains, [&] { curtains.Ok(); }}};
+        {&surface, [&] { surface.Ok(); }},  {&site, [&] { site.Ok(); }},
+        {&pars, [&] { pars.Ok(); }},        {&fluid_adv, [&] { fluid_adv.Ok(); }},
+        {&output, [&] { output.Ok(); }},    {&misched, [&] { misched.Ok(); }},
+        {&hvac, [&] { hvac.Ok(); }},        {&opaque, [&] { opaque.Ok(); }},
+        {&walls, [&] { walls.Ok(); }},      {&glass, [&] { glass.Ok(); }},
+        {&gases, [&] { gases.Ok(); }},      {&windows, [&] { windows.Ok(); }},
+        {&curtains, [&] { curtains.Ok(); }}};
     for (const auto& [screen, ok] : screens) {
       ok();
       EXPECT_TRUE(screen->unloaded) << screen->name();

@@ -60,7 +60,8 @@ ResultsSummary ParseResultsSummary(const std::string& path, const std::string& b
   const std::vector<std::string> lines = Lines(path, bytes);
   const std::string head = kSummaryHead;
   if (lines.empty() || lines[0].compare(0, head.size(), head) != 0 ||
-      lines[0].size() == head.size() || lines[0].find_first_of(" \t", head.size()) != std::string::npos) {
+      lines[0].size() == head.size() ||
+      lines[0].find_first_of(" \t", head.size()) != std::string::npos) {
     throw FileError(path, 1, "no head line \"" + head + "<fingerprint>\"");
   }
   if (lines.size() < 2 || lines[1] != kSummaryColumns) {
@@ -97,8 +98,8 @@ std::string ResultsSummaryText(const ResultsSummary& summary) {
   std::string text = kSummaryHead + summary.fingerprint + "\r\n" + kSummaryColumns + "\r\n";
   for (const VolumeSummary& v : summary.volumes) {
     text += std::to_string(v.volume);
-    for (double value : {v.heating_kwh, v.cooling_kwh, v.peak_heating_w, v.peak_cooling_w,
-                         v.t_min, v.t_mean, v.t_max}) {
+    for (double value : {v.heating_kwh, v.cooling_kwh, v.peak_heating_w, v.peak_cooling_w, v.t_min,
+                         v.t_mean, v.t_max}) {
       text += "\t" + Fixed("%.3f", value);
     }
     text += "\r\n";
@@ -106,8 +107,7 @@ std::string ResultsSummaryText(const ResultsSummary& summary) {
   return text;
 }
 
-CaseSummary ReadCaseSummary(const std::string& case_folder,
-                            const SummaryFingerprint& fingerprint) {
+CaseSummary ReadCaseSummary(const std::string& case_folder, const SummaryFingerprint& fingerprint) {
   const std::string path = JoinPath(case_folder, kSummaryFile);
   const auto bytes = ReadAllBytes(path);
   if (!bytes) return {std::nullopt, "no results: " + path + " is missing; run the case first"};
@@ -120,8 +120,8 @@ CaseSummary ReadCaseSummary(const std::string& case_folder,
   const std::string thermal = JoinPath(case_folder, kThermalFile);
   if (const auto flags = ReadAllBytes(thermal)) {
     if (flags->substr(0, 6).find('X') != std::string::npos) {
-      return {std::nullopt, "stale results: the case has changed since its last run (" +
-                                thermal + " marks modules to run); run it again"};
+      return {std::nullopt, "stale results: the case has changed since its last run (" + thermal +
+                                " marks modules to run); run it again"};
     }
   }
   if (fingerprint) {
@@ -137,9 +137,9 @@ CaseSummary ReadCaseSummary(const std::string& case_folder,
 
 std::string SummaryLine(const VolumeSummary& v) {
   char line[160];
-  std::snprintf(line, sizeof line, "%d %10.1f %10.1f %10.1f %10.1f %7.2f %7.2f %7.2f",
-                v.volume, v.heating_kwh, v.cooling_kwh, v.peak_heating_w, v.peak_cooling_w,
-                v.t_min, v.t_mean, v.t_max);
+  std::snprintf(line, sizeof line, "%d %10.1f %10.1f %10.1f %10.1f %7.2f %7.2f %7.2f", v.volume,
+                v.heating_kwh, v.cooling_kwh, v.peak_heating_w, v.peak_cooling_w, v.t_min, v.t_mean,
+                v.t_max);
   return line;
 }
 

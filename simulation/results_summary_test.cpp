@@ -9,9 +9,10 @@ namespace zelmo::testing {
 namespace {
 
 const std::string kColumns = std::string(kSummaryColumns) + "\r\n";
-const std::string kTwoVolumes = "ZELMO-QRN MUK 0123456789abcdef\r\n" + kColumns +
-                                "1\t4321.500\t5876.260\t3184.000\t6024.125\t-12.500\t25.230\t64.600\r\n"
-                                "3\t0.000\t0.000\t0.000\t0.000\t20.000\t20.000\t20.000\r\n";
+const std::string kTwoVolumes =
+    "ZELMO-QRN MUK 0123456789abcdef\r\n" + kColumns +
+    "1\t4321.500\t5876.260\t3184.000\t6024.125\t-12.500\t25.230\t64.600\r\n"
+    "3\t0.000\t0.000\t0.000\t0.000\t20.000\t20.000\t20.000\r\n";
 
 TEST(ResultsSummary, ReadsEachVolumeAndWritesTheSameBytes) {
   const ResultsSummary summary = ParseResultsSummary("MUK.SUM", kTwoVolumes);
@@ -88,10 +89,10 @@ TEST(CaseSummary, TellsMissingStaleAndDamagedResultsApart) {
   EXPECT_TRUE(
       ReadCaseSummary(c.dir.path(), [](const std::string&) { return std::string(); }).summary);
   EXPECT_EQ(
-      ReadCaseSummary(c.dir.path(), [](const std::string&) { return std::string("ffff"); })
-          .problem,
-      "stale results: " + sum + " was computed from another input than the case holds now; run "
-                                "it again");
+      ReadCaseSummary(c.dir.path(), [](const std::string&) { return std::string("ffff"); }).problem,
+      "stale results: " + sum +
+          " was computed from another input than the case holds now; run "
+          "it again");
   // A screen that saved since the run marks the modules.
   WriteBytes(c.dir / "THERMAL.INP", "-----X\r\n");
   EXPECT_EQ(ReadCaseSummary(c.dir.path()).problem,

@@ -57,8 +57,8 @@ ReferenceTable ParseReference(const std::string& path, const std::string& bytes)
     lines.push_back(line);
     start = end + 1;
   }
-  const std::vector<std::string> head = lines.empty() ? std::vector<std::string>{}
-                                                      : SplitCommas(lines[0]);
+  const std::vector<std::string> head =
+      lines.empty() ? std::vector<std::string>{} : SplitCommas(lines[0]);
   if (head.size() != 12 || head[0] != "case" || head[1] != "quantity" || head[2] != "unit" ||
       head[9] != "min" || head[10] != "max" || head[11] != "mean") {
     throw FileError(path, 1, "not the head line case,quantity,unit,<six programs>,min,max,mean");
@@ -175,7 +175,8 @@ std::string ValidationReport(const ReferenceTable& table,
       " quantities lie inside the range [min, max] of the six reference programs' example "
       "results; " +
       std::to_string(results) + " have a result of this program.\n\n";
-  if (!chart_file.empty()) text += "![The quantities beside the six programs](" + chart_file + ")\n\n";
+  if (!chart_file.empty())
+    text += "![The quantities beside the six programs](" + chart_file + ")\n\n";
   text += ComparisonMarkdown(table, comparisons) +
           "\nOne volume, results of the calculation modules (MUK.SUM): heating and cooling over "
           "the year, peaks as the largest hourly mean, temperatures of the hourly mean air "

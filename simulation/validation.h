@@ -48,9 +48,7 @@ struct Comparison {
   ReferenceRow reference;
   std::optional<double> value;
   std::string problem;  // no results, stale results, unknown quantity
-  bool Inside() const {
-    return value && *value >= reference.min && *value <= reference.max;
-  }
+  bool Inside() const { return value && *value >= reference.min && *value <= reference.max; }
 };
 
 // Compares every row with volume 1 of the case's summary in `project`.

@@ -11,7 +11,8 @@
 namespace zelmo::testing {
 namespace {
 
-const std::string kHead = "case,quantity,unit,BSIMAC,CSE,DeST,EnergyPlus,ESP-r,TRNSYS,min,max,mean\n";
+const std::string kHead =
+    "case,quantity,unit,BSIMAC,CSE,DeST,EnergyPlus,ESP-r,TRNSYS,min,max,mean\n";
 const std::string kTwoRows = kHead +
                              "600,annual_heating,MWh,4.05,3.99,4.05,4.32,4.36,4.50,3.99,4.50,4.21\n"
                              "600FF,annual_min_zone_temperature,degC,-13,-12,-11,-10,-9.9,-13.8,"
@@ -21,8 +22,8 @@ TEST(Reference, TheShippedTableHoldsEveryCaseAndQuantity) {
   const std::string path =
       std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/docs/validation/reference.csv";
   const ReferenceTable table = ParseReference(path, *ReadAllBytes(path));
-  EXPECT_EQ(table.programs, (std::array<std::string, 6>{"BSIMAC", "CSE", "DeST", "EnergyPlus",
-                                                        "ESP-r", "TRNSYS"}));
+  EXPECT_EQ(table.programs,
+            (std::array<std::string, 6>{"BSIMAC", "CSE", "DeST", "EnergyPlus", "ESP-r", "TRNSYS"}));
   ASSERT_EQ(table.rows.size(), 34u);
   // Case 600's annual heating, as the workbook has it.
   EXPECT_EQ(table.rows[0].case_name + " " + table.rows[0].quantity + " " + table.rows[0].unit,
@@ -64,9 +65,12 @@ TEST(Reference, EachQuantityInTheTablesUnit) {
     const char* quantity;
     double expected;
   } cases[] = {
-      {"annual_heating", 4.321},         {"annual_sensible_cooling", 5.876},
-      {"peak_heating", 3.184},           {"peak_sensible_cooling", 6.024},
-      {"annual_max_zone_temperature", 64.5}, {"annual_min_zone_temperature", -12.5},
+      {"annual_heating", 4.321},
+      {"annual_sensible_cooling", 5.876},
+      {"peak_heating", 3.184},
+      {"peak_sensible_cooling", 6.024},
+      {"annual_max_zone_temperature", 64.5},
+      {"annual_min_zone_temperature", -12.5},
       {"annual_mean_zone_temperature", 25.25},
   };
   for (const auto& c : cases) EXPECT_DOUBLE_EQ(*QuantityValue(v, c.quantity), c.expected);

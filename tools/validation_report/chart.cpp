@@ -22,7 +22,8 @@ QString Number(double value, const std::string& unit) {
 QString Caption(const ReferenceRow& row) {
   QString quantity = QString::fromStdString(row.quantity);
   quantity.replace('_', ' ');
-  const QString unit = row.unit == "degC" ? QStringLiteral("\u00b0C") : QString::fromStdString(row.unit);
+  const QString unit =
+      row.unit == "degC" ? QStringLiteral("\u00b0C") : QString::fromStdString(row.unit);
   return QString::fromStdString(row.case_name) + "  " + quantity + " [" + unit + "]";
 }
 
@@ -43,8 +44,7 @@ void DrawPanel(QPainter& p, const QRect& area, const std::array<std::string, 6>&
   double low = r.min, high = r.max;
   for (double v : r.programs) low = std::min(low, v), high = std::max(high, v);
   if (c.value) low = std::min(low, *c.value), high = std::max(high, *c.value);
-  const double margin =
-      0.08 * (high - low > 0 ? high - low : std::max(1e-3, std::abs(high)));
+  const double margin = 0.08 * (high - low > 0 ? high - low : std::max(1e-3, std::abs(high)));
   low -= margin;
   high += margin;
   const int left = area.left() + kLabelWidth, right = area.right() - kValueWidth;
@@ -70,7 +70,8 @@ void DrawPanel(QPainter& p, const QRect& area, const std::array<std::string, 6>&
                Qt::AlignRight | Qt::AlignVCenter, label);
     p.setPen(QColor(0xe0, 0xe0, 0xe0));
     p.drawLine(left, middle, right, middle);
-    p.fillRect(QRect(x_of(value) - size / 2, middle - size / 2, size, size), QColor::fromRgb(colour));
+    p.fillRect(QRect(x_of(value) - size / 2, middle - size / 2, size, size),
+               QColor::fromRgb(colour));
     p.setPen(Qt::black);
     p.drawText(QRect(right + 4, y, kValueWidth - 4, kBarPitch - 6),
                Qt::AlignLeft | Qt::AlignVCenter, Number(value, r.unit));

@@ -25,9 +25,16 @@ int Count(const QImage& image, int panel, QRgb colour) {
 ReferenceTable Table() {
   ReferenceTable table;
   table.programs = {"BSIMAC", "CSE", "DeST", "EnergyPlus", "ESP-r", "TRNSYS"};
-  table.rows = {{"600", "annual_heating", "MWh", {4.05, 3.99, 4.05, 4.32, 4.36, 4.50}, 3.99, 4.50, 4.21},
-                {"600FF", "annual_min_zone_temperature", "degC", {-13, -12, -11, -10, -9.9, -13.8}, -13.8, -9.9, -11.6},
-                {"900", "peak_heating", "kW", {2.5, 2.6, 2.7, 2.6, 2.5, 2.4}, 2.4, 2.7, 2.55}};
+  table.rows = {
+      {"600", "annual_heating", "MWh", {4.05, 3.99, 4.05, 4.32, 4.36, 4.50}, 3.99, 4.50, 4.21},
+      {"600FF",
+       "annual_min_zone_temperature",
+       "degC",
+       {-13, -12, -11, -10, -9.9, -13.8},
+       -13.8,
+       -9.9,
+       -11.6},
+      {"900", "peak_heating", "kW", {2.5, 2.6, 2.7, 2.6, 2.5, 2.4}, 2.4, 2.7, 2.55}};
   return table;
 }
 
@@ -37,9 +44,10 @@ TEST(ValidationChart, ShowsEachValueGreenInsideRedOutsideAndWhyOneIsMissing) {
   char* argv[] = {name};
   QGuiApplication app(argc, argv);
   const ReferenceTable table = Table();
-  const std::vector<Comparison> rows = {{table.rows[0], 4.2, ""},
-                                        {table.rows[1], -15.0, ""},
-                                        {table.rows[2], std::nullopt, "no results: MUK.SUM is missing"}};
+  const std::vector<Comparison> rows = {
+      {table.rows[0], 4.2, ""},
+      {table.rows[1], -15.0, ""},
+      {table.rows[2], std::nullopt, "no results: MUK.SUM is missing"}};
   const QImage image = ValidationChart(table, rows);
   EXPECT_EQ(image.size(), QSize(kPanelColumns * kPanelWidth, kPanelHeight));
   // Inside: a green mark and no red; outside: a red mark and no green.
@@ -58,17 +66,20 @@ TEST(ValidationChart, ShowsEachValueGreenInsideRedOutsideAndWhyOneIsMissing) {
 TEST(ValidationReport, TheCommandWritesTableCsvAndChart) {
   testing::TempDir dir;
   testing::WriteBytes(dir / "bestest/c600/THERMAL.INP", "------\r\n");
-  testing::WriteBytes(dir / "bestest/c600/MUK.SUM",
-                      "ZELMO-QRN MUK 00000000000000ff\r\n" + std::string(kSummaryColumns) +
-                          "\r\n1\t4200.000\t5800.000\t3100.000\t6000.000\t20.000\t23.000\t27.000\r\n");
+  testing::WriteBytes(
+      dir / "bestest/c600/MUK.SUM",
+      "ZELMO-QRN MUK 00000000000000ff\r\n" + std::string(kSummaryColumns) +
+          "\r\n1\t4200.000\t5800.000\t3100.000\t6000.000\t20.000\t23.000\t27.000\r\n");
   testing::WriteBytes(dir / "reference.csv",
                       "case,quantity,unit,BSIMAC,CSE,DeST,EnergyPlus,ESP-r,TRNSYS,min,max,mean\n"
                       "600,annual_heating,MWh,4.05,3.99,4.05,4.32,4.36,4.50,3.99,4.50,4.21\n"
                       "900,annual_heating,MWh,1.5,1.4,1.6,1.7,1.8,1.6,1.4,1.8,1.6\n");
-  const QString program = QString::fromStdString(std::string(std::getenv("ZELMO_DIST_DIR")) + "/zelmo-validate");
+  const QString program =
+      QString::fromStdString(std::string(std::getenv("ZELMO_DIST_DIR")) + "/zelmo-validate");
   QProcess run;
-  run.start(program, {QString::fromStdString(dir / "bestest"), QString::fromStdString(dir / "reference.csv"),
-                      QString::fromStdString(dir / "out")});
+  run.start(program,
+            {QString::fromStdString(dir / "bestest"), QString::fromStdString(dir / "reference.csv"),
+             QString::fromStdString(dir / "out")});
   ASSERT_TRUE(run.waitForFinished(30000));
   EXPECT_EQ(run.exitCode(), 0) << run.readAllStandardError().toStdString();
   EXPECT_EQ(run.readAllStandardOutput().toStdString(),
@@ -78,7 +89,8 @@ TEST(ValidationReport, TheCommandWritesTableCsvAndChart) {
   EXPECT_NE(csv.find(",no results: "), std::string::npos) << csv;
   const std::string md = testing::ReadBytes(dir / "out/validation.md");
   EXPECT_NE(md.find("1 of 2 quantities lie inside"), std::string::npos);
-  EXPECT_NE(md.find("![The quantities beside the six programs](validation.png)"), std::string::npos);
+  EXPECT_NE(md.find("![The quantities beside the six programs](validation.png)"),
+            std::string::npos);
   QImage chart(QString::fromStdString(dir / "out/validation.png"));
   EXPECT_EQ(chart.size(), QSize(kPanelColumns * kPanelWidth, kPanelHeight));
 
@@ -87,8 +99,9 @@ TEST(ValidationReport, TheCommandWritesTableCsvAndChart) {
   ASSERT_TRUE(run.waitForFinished(30000));
   EXPECT_EQ(run.exitCode(), 2);
   testing::WriteBytes(dir / "reference.csv", "case,quantity\n");
-  run.start(program, {QString::fromStdString(dir / "bestest"), QString::fromStdString(dir / "reference.csv"),
-                      QString::fromStdString(dir / "out")});
+  run.start(program,
+            {QString::fromStdString(dir / "bestest"), QString::fromStdString(dir / "reference.csv"),
+             QString::fromStdString(dir / "out")});
   ASSERT_TRUE(run.waitForFinished(30000));
   EXPECT_EQ(run.exitCode(), 1);
 }
