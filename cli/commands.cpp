@@ -232,16 +232,23 @@ int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules)
   return RunRows(c, request, rows, request.all || rows.size() > 1 || request.jobs != 0);
 }
 
-int ListCases(Context& c, const std::vector<std::string>& args) {
-  if (args.size() != 1) return Usage(c, "give a project folder");
-  if (auto failed = OpenProject(c, args[0])) return *failed;
-  Form form("zelmo");
-  Grid grid(&form, "ThermGrid");
+// Opens the project of `folder` and fills `grid` with its cases as the
+// Simulation screen lists them.
+std::optional<int> ProjectCases(Context& c, const std::string& folder, Grid& grid) {
+  if (auto failed = OpenProject(c, folder)) return *failed;
   SetUpRunGrid(grid);
   if (!AddCaseRows(c.session.ws, grid)) {
     c.Err(std::string(kRunTitle) + ": " + kProjectEmpty);
     return kExitFailed;
   }
+  return std::nullopt;
+}
+
+int ListCases(Context& c, const std::vector<std::string>& args) {
+  if (args.size() != 1) return Usage(c, "give a project folder");
+  Form form("zelmo");
+  Grid grid(&form, "ThermGrid");
+  if (auto failed = ProjectCases(c, args[0], grid)) return *failed;
   for (int row = 1; row < grid.rows(); ++row) {
     c.Out(RowCaseName(grid.Cell(row, kCaseColumn)));
   }
@@ -252,14 +259,9 @@ int ListCases(Context& c, const std::vector<std::string>& args) {
 // a batch collects after `zelmo run`.
 int Summary(Context& c, const std::vector<std::string>& args) {
   if (args.size() != 2) return Usage(c, "give a project folder and a case");
-  if (auto failed = OpenProject(c, args[0])) return *failed;
   Form form("zelmo");
   Grid grid(&form, "ThermGrid");
-  SetUpRunGrid(grid);
-  if (!AddCaseRows(c.session.ws, grid)) {
-    c.Err(std::string(kRunTitle) + ": " + kProjectEmpty);
-    return kExitFailed;
-  }
+  if (auto failed = ProjectCases(c, args[0], grid)) return *failed;
   int row = 0;
   if (auto failed = FindCaseRow(c, grid, args[1], row)) return *failed;
   const std::string name = RowCaseName(grid.Cell(row, 0));
