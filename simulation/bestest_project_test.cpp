@@ -95,6 +95,16 @@ TEST_F(BestestProject, TheCasesAreRegisteredAndPointAtTheDenverYearOnceActivated
   EXPECT_EQ(Files().size(), before.size());
 }
 
+// A user who deleted the validation project still activates the example.
+TEST_F(BestestProject, WithoutTheValidationProjectTheExampleIsActivatedAllTheSame) {
+  DeleteFolderTree(Project());
+  ActivateDemoProject(fake.session, main);
+  EXPECT_EQ(fake.dialogs.Texts(), Strings{"The demo project is successfully activated"});
+  EXPECT_NE(ReadBytes(JoinPath(Root(), "Example/Case1/Site.inp"))
+                .find(JoinPath(Root(), kDemoClimateFile)),
+            std::string::npos);
+}
+
 TEST_F(BestestProject, EveryScreenOfEveryCaseAcceptsItsFilesAndSavesThemUnchanged) {
   ActivateDemoProject(fake.session, main);
   fake.dialogs.Clear();
