@@ -15,18 +15,6 @@ namespace {
 
 constexpr int kValueCount = 7;
 
-// A number as the module writes it: the whole field, finite, a point as
-// decimal separator.
-std::optional<double> Number(const std::string& field) {
-  double value = 0;
-  const char* end = field.data() + field.size();
-  const auto [at, error] = std::from_chars(field.data(), end, value);
-  if (field.empty() || error != std::errc() || at != end || !std::isfinite(value)) {
-    return std::nullopt;
-  }
-  return value;
-}
-
 std::string Fixed(const char* format, double value) {
   char text[64];
   std::snprintf(text, sizeof text, format, value);
@@ -56,6 +44,16 @@ std::vector<std::string> Lines(const std::string& path, const std::string& bytes
 
 }  // namespace
 
+std::optional<double> WrittenNumber(const std::string& field) {
+  double value = 0;
+  const char* end = field.data() + field.size();
+  const auto [at, error] = std::from_chars(field.data(), end, value);
+  if (field.empty() || error != std::errc() || at != end || !std::isfinite(value)) {
+    return std::nullopt;
+  }
+  return value;
+}
+
 ResultsSummary ParseResultsSummary(const std::string& path, const std::string& bytes) {
   const std::vector<std::string> lines = Lines(path, bytes);
   const std::string head = kSummaryHead;
@@ -76,14 +74,14 @@ ResultsSummary ParseResultsSummary(const std::string& path, const std::string& b
     if (fields.size() != kValueCount + 1) {
       throw FileError(path, number, "a volume's line needs 8 fields");
     }
-    const auto volume = Number(fields[0]);
+    const auto volume = WrittenNumber(fields[0]);
     if (!volume || *volume != std::floor(*volume) || *volume < 1 || *volume > 8 ||
         !seen.insert(static_cast<int>(*volume)).second) {
       throw FileError(path, number, "no volume 1 to 8 of its own: " + fields[0]);
     }
     double values[kValueCount];
     for (int k = 0; k < kValueCount; ++k) {
-      const auto value = Number(fields[k + 1]);
+      const auto value = WrittenNumber(fields[k + 1]);
       if (!value) throw FileError(path, number, "no number: " + fields[k + 1]);
       values[k] = *value;
     }

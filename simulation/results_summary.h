@@ -43,6 +43,10 @@ struct ResultsSummary {
   std::vector<VolumeSummary> volumes;
 };
 
+// A number field as a program writes it: the whole field, finite, a point
+// as decimal separator; nothing for anything else (blanks, "7,5", "nan").
+std::optional<double> WrittenNumber(const std::string& field);
+
 // Reads the bytes of a MUK.SUM. A head line of another form, other column
 // names, a line of a field too few or too many, a value that is no finite
 // number, a volume out of 1 to 8 or named twice: FileError with `path` and

@@ -1,6 +1,5 @@
 #include "simulation/validation.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -21,16 +20,6 @@ std::vector<std::string> SplitCommas(const std::string& line) {
     }
   }
   return fields;
-}
-
-std::optional<double> Number(const std::string& field) {
-  double value = 0;
-  const char* end = field.data() + field.size();
-  const auto [at, error] = std::from_chars(field.data(), end, value);
-  if (field.empty() || error != std::errc() || at != end || !std::isfinite(value)) {
-    return std::nullopt;
-  }
-  return value;
 }
 
 std::string Value(double value, const std::string& unit) {
@@ -76,7 +65,7 @@ ReferenceTable ParseReference(const std::string& path, const std::string& bytes)
     }
     double values[9];
     for (int k = 0; k < 9; ++k) {
-      const auto value = Number(fields[3 + k]);
+      const auto value = WrittenNumber(fields[3 + k]);
       if (!value) throw FileError(path, number, "no number: " + fields[3 + k]);
       values[k] = *value;
     }
