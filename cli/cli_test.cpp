@@ -117,6 +117,50 @@ TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {
             std::string::npos);
 }
 
+// The yearly results of a case from its MUK.SUM; none, stale or damaged
+// ones end with status 1 and say why.
+TEST(CommandLine, SummaryOfACase) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  const std::string sum = project + "/Case1/MUK.SUM";
+  WriteBytes(project + "/Case1/THERMAL.INP", "------\r\n");
+  const struct {
+    std::vector<std::string> args;
+    int status;
+    std::string err;
+  } usage[] = {
+      {{"summary", project},
+       kExitUsage,
+       "zelmo: give a project folder and a case (zelmo --help lists the commands)\n"},
+      {{"summary", project, "case9"},
+       kExitUsage,
+       "zelmo: case case9 is not in " + JoinPath(project, "CASES.LIB") + "\n"},
+      {{"summary", project, "case1"},
+       kExitFailed,
+       "zelmo: case1: no results: " + JoinPath(project, "Case1/MUK.SUM") +
+           " is missing; run the case first\n"},
+  };
+  for (const auto& row : usage) {
+    EXPECT_EQ(r.Run(row.args), row.status);
+    EXPECT_EQ(r.err.str(), row.err);
+    EXPECT_EQ(r.out.str(), "");
+  }
+  WriteBytes(sum,
+             "ZELMO-QRN MUK 0123456789abcdef\r\nVolume\tHeating [kWh]\tCooling [kWh]\t"
+             "Peak heating [W]\tPeak cooling [W]\tT_min [C]\tT_mean [C]\tT_max [C]\r\n"
+             "1\t4213.280\t5855.914\t3183.592\t6023.884\t20.000\t22.846\t27.000\r\n"
+             "2\t0.000\t0.000\t0.000\t0.000\t-12.700\t25.230\t64.600\r\n");
+  EXPECT_EQ(r.Run({"summary", project, "CASE1"}), kExitOk) << r.err.str();
+  EXPECT_EQ(r.out.str(),
+            "1     4213.3     5855.9     3183.6     6023.9   20.00   22.85   27.00\n"
+            "2        0.0        0.0        0.0        0.0  -12.70   25.23   64.60\n");
+  // A screen saved since the run.
+  WriteBytes(project + "/Case1/THERMAL.INP", "----XX\r\n");
+  EXPECT_EQ(r.Run({"summary", project, "case1"}), kExitFailed);
+  EXPECT_EQ(r.err.str().substr(0, 34), "zelmo: case1: stale results: the c");
+  EXPECT_EQ(r.out.str(), "");
+}
+
 // The window types of the example as the window type screen shows them; a
 // type that cannot be computed has no result and says why.
 TEST(CommandLine, WindowPropertiesOfTheExample) {

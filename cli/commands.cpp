@@ -20,6 +20,7 @@
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
 #include "simulation/modules.h"
+#include "simulation/results_summary.h"
 #include "simulation/run_plan.h"
 #include "simulation/side_by_side.h"
 #include "workspace/case_store.h"
@@ -231,19 +232,46 @@ int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules)
   return RunRows(c, request, rows, request.all || rows.size() > 1 || request.jobs != 0);
 }
 
-int ListCases(Context& c, const std::vector<std::string>& args) {
-  if (args.size() != 1) return Usage(c, "give a project folder");
-  if (auto failed = OpenProject(c, args[0])) return *failed;
-  Form form("zelmo");
-  Grid grid(&form, "ThermGrid");
+// Opens the project of `folder` and fills `grid` with its cases as the
+// Simulation screen lists them.
+std::optional<int> ProjectCases(Context& c, const std::string& folder, Grid& grid) {
+  if (auto failed = OpenProject(c, folder)) return *failed;
   SetUpRunGrid(grid);
   if (!AddCaseRows(c.session.ws, grid)) {
     c.Err(std::string(kRunTitle) + ": " + kProjectEmpty);
     return kExitFailed;
   }
+  return std::nullopt;
+}
+
+int ListCases(Context& c, const std::vector<std::string>& args) {
+  if (args.size() != 1) return Usage(c, "give a project folder");
+  Form form("zelmo");
+  Grid grid(&form, "ThermGrid");
+  if (auto failed = ProjectCases(c, args[0], grid)) return *failed;
   for (int row = 1; row < grid.rows(); ++row) {
     c.Out(RowCaseName(grid.Cell(row, kCaseColumn)));
   }
+  return kExitOk;
+}
+
+// The yearly results of a case's volumes, one line each, from MUK.SUM: what
+// a batch collects after `zelmo run`.
+int Summary(Context& c, const std::vector<std::string>& args) {
+  if (args.size() != 2) return Usage(c, "give a project folder and a case");
+  Form form("zelmo");
+  Grid grid(&form, "ThermGrid");
+  if (auto failed = ProjectCases(c, args[0], grid)) return *failed;
+  int row = 0;
+  if (auto failed = FindCaseRow(c, grid, args[1], row)) return *failed;
+  const std::string name = RowCaseName(grid.Cell(row, 0));
+  const CaseSummary outcome =
+      ReadCaseSummary(FolderOnDisk(JoinPath(c.session.ws.ProjectPath, name)));
+  if (!outcome.summary) {
+    c.Err("zelmo: " + name + ": " + OneLine(outcome.problem));
+    return kExitFailed;
+  }
+  for (const VolumeSummary& volume : outcome.summary->volumes) c.Out(SummaryLine(volume));
   return kExitOk;
 }
 
@@ -319,6 +347,11 @@ const std::vector<Command>& Commands() {
        "      with a summary table",
        [](Context& c, const std::vector<std::string>& a) { return RunCases(c, a, true); }},
       {"list-cases", "<project folder>", "print the project's cases, one a line", ListCases},
+      {"summary", "<project folder> <case>",
+       "print the case's yearly results from MUK.SUM, a line per volume: volume,\n"
+       "      heating kWh, cooling kWh, peak heating W, peak cooling W (hourly means),\n"
+       "      minimum, mean and maximum air temperature C; no or stale results: status 1",
+       Summary},
       {"window-properties", "<project folder> [window type number]",
        "write Wndw.Lib for the project, then print U (W/m2,K), g and Tsol of the window\n"
        "      type, or of each, at the centre of the glazing (EN 673, EN 410)",
@@ -334,7 +367,7 @@ void Help(std::ostream& out) {
         << "\n";
   }
   out << "  zelmo --help\n      this list\n\nExit status: 0 done, 1 a module failed, a "
-         "check refused the run or a window type has no result, 2 the command line was "
+         "check refused the run, a window type or a case has no result, 2 the command line was "
          "wrong.\n";
   out.flush();
 }

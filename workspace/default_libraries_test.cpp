@@ -148,9 +148,11 @@ TEST(DefaultLibraries, TheExampleClimateFileCarriesItsKeys) {
                           "1:st day: 2001.01.01", "last day: 2001.12.31"}) {
     EXPECT_NE(all.find(key), std::string::npos) << key;
   }
-  // Beside the example, a project in the form of version 1.2 to convert.
+  // Beside the example, a project in the form of version 1.2 to convert
+  // and the validation cases.
   EXPECT_EQ(Rows("ZELMOPROJ/PROJECTS.LIB"),
-            (std::vector<Strings>{{"example", "example"}, {"v12demo", "v12demo"}}));
+            (std::vector<Strings>{
+                {"example", "example"}, {"v12demo", "v12demo"}, {"bestest", "bestest"}}));
   // The activation rewrites the site file through SiteX.inp, which the
   // example carries in the same form.
   EXPECT_EQ(Rows("ZELMOPROJ/Example/Case1/Site.inp").size(), 14u);

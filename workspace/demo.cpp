@@ -39,18 +39,18 @@ void Activate(Session& session, StartForm& main) {
 
   // The site file gets the climate file's path where it stands now.
   const std::string project = JoinPath(root, "Example");
-  const std::string case_folder = JoinPath(project, "Case1");
-  const std::string site = JoinPath(case_folder, "Site.inp");
-  const std::string site_copy = JoinPath(case_folder, "SiteX.inp");
-  auto lines = ReadAllLines(site);
-  if (!lines) return;
-  for (auto& line : *lines) {
-    if (ToLower(line).find("cli") != std::string::npos) line = climate;
+  if (!PointSiteAtClimate(JoinPath(project, "Case1"), climate)) return;
+  // The validation cases read the Denver year of the program's Climate
+  // folder; the project is left out where a user has deleted it.
+  const std::string bestest = JoinPath(root, kBestestProject);
+  if (auto cases = ReadAllLines(JoinPath(bestest, "CASES.LIB"))) {
+    const std::string denver =
+        JoinPath(JoinPath(session.ws.SystemPath, "Climate"), kBestestClimateFile);
+    for (const std::string& line : *cases) {
+      const std::string name = ToLower(TrimBlanks(FieldBefore(line, " -")));
+      if (!name.empty() && !PointSiteAtClimate(JoinPath(bestest, name), denver)) return;
+    }
   }
-  if (!WriteAllLines(site_copy, *lines)) return;
-  // The copy replaces the site file in one step, so a kill in between never
-  // leaves the case without one.
-  if (!RenamePath(site_copy, site)) return;
 
   for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
     const std::string plain = JoinPath(project, name);
@@ -65,6 +65,20 @@ void Activate(Session& session, StartForm& main) {
 }
 
 }  // namespace
+
+bool PointSiteAtClimate(const std::string& case_folder, const std::string& climate) {
+  const std::string site = JoinPath(case_folder, "Site.inp");
+  const std::string site_copy = JoinPath(case_folder, "SiteX.inp");
+  auto lines = ReadAllLines(site);
+  if (!lines) return false;
+  for (auto& line : *lines) {
+    if (ToLower(line).find("cli") != std::string::npos) line = climate;
+  }
+  if (!WriteAllLines(site_copy, *lines)) return false;
+  // The copy replaces the site file in one step, so a kill in between never
+  // leaves the case without one.
+  return RenamePath(site_copy, site);
+}
 
 void ActivateDemoProject(Session& session, StartForm& main) {
   // A failing step ends the activation without a word.

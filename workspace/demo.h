@@ -1,8 +1,12 @@
 // File / Activate the demo project: the program's tree holds an example
 // project in its ZELMOPROJ folder with some files parked under names ending
 // in "_Temp". Activation puts them in place, points the example's site file
-// at the climate file and makes the folder the data folder.
+// at the climate file and makes the folder the data folder. The validation
+// project beside it, bestest, has its site files pointed at the Denver
+// climate file of the program tree's Climate folder in the same step.
 #pragma once
+
+#include <string>
 
 namespace zelmo {
 
@@ -10,6 +14,13 @@ struct Session;
 class StartForm;
 
 inline constexpr const char* kDemoClimateFile = "StockholmW(SE).cli";
+inline constexpr const char* kBestestProject = "bestest";
+inline constexpr const char* kBestestClimateFile = "DenverCO(US).CLI";
+
+// Rewrites the site file of a case folder through SiteX.inp: every line that
+// holds "cli" (case ignored) becomes `climate`. False when a step failed;
+// the site file then stands as it was.
+bool PointSiteAtClimate(const std::string& case_folder, const std::string& climate);
 
 void ActivateDemoProject(Session& session, StartForm& main);
 
