@@ -77,7 +77,8 @@ Column ParseColumn(const std::string& header) {
   return column;
 }
 
-HourlyTable ParseHourlyTable(const std::string& path, std::string_view text) {
+HourlyTable ParseHourlyTable(const std::string& path, std::string_view text, int first_line) {
+  const int head_line = first_line;
   HourlyTable table;
   std::vector<std::string_view> lines;
   size_t start = 0;
@@ -88,24 +89,25 @@ HourlyTable ParseHourlyTable(const std::string& path, std::string_view text) {
     start = end + 1;
   }
   if (lines.empty() || Trim(lines[0]).empty()) {
-    throw FileError(path, 1, "The table has no header line.");
+    throw FileError(path, head_line, "The table has no header line.");
   }
   std::vector<std::string_view> head = SplitTabs(Trim(lines[0]));
   if (head.size() < 4 || Trim(head[0]) != "Month" || Trim(head[1]) != "Day" ||
       Trim(head[2]) != "Hour") {
-    throw FileError(path, 1,
+    throw FileError(path, head_line,
                     "The header line must start with Month, Day and Hour and name at least one "
                     "column of values.");
   }
   for (size_t c = 3; c < head.size(); ++c) {
     std::string header(Trim(head[c]));
-    if (header.empty()) throw FileError(path, 1, "A column of the header line has no name.");
+    if (header.empty())
+      throw FileError(path, head_line, "A column of the header line has no name.");
     table.columns.push_back(ParseColumn(header));
   }
   table.values.resize(table.columns.size());
   int last_hour = 0;
   for (size_t i = 1; i < lines.size(); ++i) {
-    const int line_number = static_cast<int>(i) + 1;
+    const int line_number = static_cast<int>(i) + first_line;
     std::string_view line = Trim(lines[i]);
     if (line.empty()) {
       // Blank lines at the end are no rows; one inside the table is damage.
@@ -145,7 +147,7 @@ HourlyTable ParseHourlyTable(const std::string& path, std::string_view text) {
     }
     table.stamps.push_back(stamp);
   }
-  if (table.stamps.empty()) throw FileError(path, 2, "The table holds no hours.");
+  if (table.stamps.empty()) throw FileError(path, first_line + 1, "The table holds no hours.");
   return table;
 }
 

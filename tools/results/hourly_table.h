@@ -40,7 +40,9 @@ Column ParseColumn(const std::string& header);
 
 // Reads the text of a table; `path` names the file in a FileError, which
 // says which line cannot be read and why. A table without rows is an error.
-HourlyTable ParseHourlyTable(const std::string& path, std::string_view text);
+// `first_line` is the number in the file of the text's first line, for a
+// table that stands below lines of its own.
+HourlyTable ParseHourlyTable(const std::string& path, std::string_view text, int first_line = 1);
 // Reads the file; a missing file is a FileError at line 0.
 HourlyTable ReadHourlyTable(const std::string& path);
 
