@@ -11,17 +11,12 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "tools/rsdiagram/diagram_window.h"
+#include "tools/test_app.h"
 
 namespace zelmo::felt {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "trvcomf-test";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
+QApplication& App() { return tools::TestApp(); }
 
 // Runs 4, 2 and 1 of ISO 7730 Table D.1, all at 1.2 met, 0.5 clo, 0.1 m/s
 // and 60 %: PMV -0.01 (PPD 5, A and I), +0.77 and -0.75 (PPD 17, outside

@@ -8,17 +8,12 @@
 
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
+#include "tools/test_app.h"
 
 namespace zelmo::qeditor {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "qeditor-test";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
+QApplication& App() { return tools::TestApp(); }
 
 // A report with a Windows-1252 degree sign and CR LF line ends.
 const std::string kReport =

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/fields.h"
 #include "core/text_file.h"
 
 namespace zelmo::results {
@@ -11,20 +12,6 @@ namespace zelmo::results {
 namespace {
 
 constexpr std::array<int, 12> kMonthDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-
-std::vector<std::string_view> SplitTabs(std::string_view line) {
-  std::vector<std::string_view> cells;
-  size_t start = 0;
-  while (true) {
-    size_t tab = line.find('\t', start);
-    if (tab == std::string_view::npos) {
-      cells.push_back(line.substr(start));
-      return cells;
-    }
-    cells.push_back(line.substr(start, tab - start));
-    start = tab + 1;
-  }
-}
 
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\r')) text.remove_prefix(1);
@@ -91,7 +78,7 @@ HourlyTable ParseHourlyTable(const std::string& path, std::string_view text, int
   if (lines.empty() || Trim(lines[0]).empty()) {
     throw FileError(path, head_line, "The table has no header line.");
   }
-  std::vector<std::string_view> head = SplitTabs(Trim(lines[0]));
+  std::vector<std::string> head = SplitTabs(std::string(Trim(lines[0])));
   if (head.size() < 4 || Trim(head[0]) != "Month" || Trim(head[1]) != "Day" ||
       Trim(head[2]) != "Hour") {
     throw FileError(path, head_line,
@@ -118,7 +105,7 @@ HourlyTable ParseHourlyTable(const std::string& path, std::string_view text, int
       if (only_blank_after) break;
       throw FileError(path, line_number, "An empty line stands among the hours.");
     }
-    std::vector<std::string_view> cells = SplitTabs(line);
+    std::vector<std::string> cells = SplitTabs(std::string(line));
     if (cells.size() != head.size()) {
       throw FileError(path, line_number,
                       "The line has " + std::to_string(cells.size()) +

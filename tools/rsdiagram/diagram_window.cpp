@@ -291,6 +291,10 @@ void DiagramWindow::Redraw() {
       QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(ChartX(period_.first_hour - 1))),
       QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(ChartX(period_.last_hour))));
   chart_->addAxis(x_axis, Qt::AlignBottom);
+  // A zoom to two days or less shows the hours.
+  connect(x_axis, &QDateTimeAxis::rangeChanged, x_axis, [x_axis](QDateTime min, QDateTime max) {
+    x_axis->setFormat(min.secsTo(max) <= 2 * 86400 ? "d.M hh:mm" : "d.M");
+  });
 
   std::map<std::string, QValueAxis*> y_axes;
   std::map<std::string, std::pair<double, double>> ranges;

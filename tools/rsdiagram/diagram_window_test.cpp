@@ -17,17 +17,12 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "platform/qt_text.h"
+#include "tools/test_app.h"
 
 namespace zelmo::rsdiagram {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "rsdiagram-test";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
+QApplication& App() { return tools::TestApp(); }
 
 const char* const kTable =
     "Month\tDay\tHour\tT_out [C]\tV1 T_air [C]\tV1 Heating [W]\tV2 T_air [C]\tV2 Cooling [W]\r\n"
