@@ -28,3 +28,13 @@ function(zelmo_subsystem name)
     gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST)
   endif()
 endfunction()
+
+# zelmo_stage_program(TARGET FOLDER NAME): copies a program, after each
+# build, into the staged program tree as FOLDER/NAME, the name the program
+# starts it by.
+function(zelmo_stage_program target folder name)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${ZELMO_DIST_DIR}/${folder}
+    COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:${target}> ${ZELMO_DIST_DIR}/${folder}/${name}
+    VERBATIM)
+endfunction()

@@ -10,7 +10,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 export DEBIAN_FRONTEND=noninteractive
 apt-get update
-apt-get install -y cmake g++ make ccache qt6-base-dev libgtest-dev libgmock-dev \
+apt-get install -y cmake g++ make ccache qt6-base-dev qt6-charts-dev libgtest-dev libgmock-dev \
   libbenchmark-dev locales clang libclang-rt-14-dev xvfb xauth x11-utils dpkg-dev file \
   slurm-wlm munge
 localedef -i de_DE -f UTF-8 de_DE.UTF-8 || true

@@ -62,12 +62,9 @@ void RunThermalComfort(Session& session) {
 }
 
 void RunVisualComfort(Session& session) {
-  const Workspace& ws = session.ws;
-  if (!ComfortVolumeChosen(ws)) {
-    NoComfort(session);
-    return;
-  }
-  RunComfortPrograms(session, "TRVdaylight.exe", ws.CasePath);
+  // The daylight program of the family is no part of this program: the user
+  // learns so, rather than seeing a program fail to start.
+  session.dialogs->MsgBox(kNoVisualComfort, mb::kInformation, "Visual comfort");
 }
 
 void ShowUsersManual(Session& session) {

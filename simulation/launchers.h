@@ -15,8 +15,11 @@ void RunLineDiagram(Session& session);
 // M_Comfort: the last run must have ended well and a volume must be chosen
 // for comfort; then Felt.EXE, and TrvComf.EXE when Felt.GGG came out.
 void RunThermalComfort(Session& session);
-// M_VComfort: as M_Comfort without the status file; the daylight program
-// last.
+// M_VComfort: visual comfort (daylight) is no part of this program; the
+// command says so and starts nothing.
+inline constexpr const char* kNoVisualComfort =
+    "Visual comfort (daylight) calculations are not part of this program. The thermal comfort "
+    "of a case is under Results, Diagram, Comfort, Thermal.";
 void RunVisualComfort(Session& session);
 // M_HelpInfo: the manual on the medium, through the registered PDF reader.
 void ShowUsersManual(Session& session);

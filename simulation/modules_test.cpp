@@ -162,16 +162,23 @@ TEST(Launchers, LineDiagramAndComfortCommandLines) {
   std::string arg = JoinPath(c.ws().CasePath, "");
   RunLineDiagram(c.fake.session);
   RunThermalComfort(c.fake.session);
-  std::filesystem::remove(ToFsPath(c.case_file("Felt.GGG")));
-  RunVisualComfort(c.fake.session);
   const RunCall felt{JoinPath("/z/FELT", "Felt.EXE"), {arg}, 7};
   EXPECT_EQ(c.fake.processes.calls,
             (std::vector<RunCall>{{JoinPath("/z/DIAGRAM", "RSDiagram.EXE"), {arg}, 5},
                                   felt,
-                                  {JoinPath("/z/FELT", "TrvComf.EXE"), {arg + "Felt"}, 5},
-                                  felt,
-                                  {JoinPath("/z/FELT", "TRVdaylight.exe"), {c.ws().CasePath}, 5}}));
+                                  {JoinPath("/z/FELT", "TrvComf.EXE"), {arg + "Felt"}, 5}}));
   EXPECT_TRUE(c.fake.dialogs.messages.empty());
+}
+
+TEST(Launchers, VisualComfortSaysItIsNoPartOfTheProgram) {
+  ComfortCase c;
+  RunVisualComfort(c.fake.session);
+  EXPECT_TRUE(c.fake.processes.calls.empty());
+  EXPECT_EQ(c.fake.dialogs.messages,
+            (std::vector<testing::ShownMessage>{
+                {"Visual comfort (daylight) calculations are not part of this program. The "
+                 "thermal comfort of a case is under Results, Diagram, Comfort, Thermal.",
+                 mb::kInformation, "Visual comfort"}}));
 }
 
 TEST(Launchers, ComfortRefusals) {
@@ -189,12 +196,11 @@ TEST(Launchers, ComfortRefusals) {
   c.fake.processes.calls.clear();
   WriteBytes(c.case_file("OUTPUT.INP"), "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n");
   RunThermalComfort(c.fake.session);
-  RunVisualComfort(c.fake.session);
   WriteBytes(c.case_file("OUTPUT.INP"),
              "2\r\n-1 \r\n-1 \r\n1\t0\t0\t0\t0\t0\t0\t0\t\r\n3\t0\t0\t0\t0\t0\t0\t-1\t\r\n");
   RunThermalComfort(c.fake.session);
   EXPECT_TRUE(c.fake.processes.calls.empty());
-  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>(4, none));
+  EXPECT_EQ(c.fake.dialogs.messages, std::vector<testing::ShownMessage>(3, none));
 
   // After a failed run the error screen shows code 701 and nothing starts.
   WriteBytes(c.dir / "ErrorCodesZelmo/ErrorsZelmo.err", "701 ZELMO-QRN\r\nRun again.\r\n");

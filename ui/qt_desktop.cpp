@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
@@ -14,7 +15,10 @@
 #include <QTextStream>
 #include <QUrl>
 
+#include "core/file_system.h"
 #include "core/text_file.h"
+#include "ui/help_manual.h"
+#include "ui/help_window.h"
 #include "ui/qt_text.h"
 
 #ifdef Q_OS_WIN
@@ -76,17 +80,17 @@ QString ProgramOfDesktopEntry(const QString& entry) {
 }  // namespace
 
 void QtDesktop::ShowHelp(const std::string& help_file, int context) {
-  if (!FileCanOpen(help_file)) return;
-#ifdef Q_OS_WIN
-  if (QProcess::startDetached(
-          QStringLiteral("hh.exe"),
-          {QStringLiteral("-mapid"), QString::number(context), LocalFile(help_file)})) {
+  // The manual's pages lie in the folder of the help file the screens name.
+  HelpManual manual(ParentFolder(help_file));
+  HelpRequest request = ResolveHelp(manual, context);
+  QWidget* parent = QApplication::activeWindow();
+  if (request.page_path.empty()) {
+    QMessageBox::information(parent, "Help", Shown(request.message));
     return;
   }
-#else
-  (void)context;
-#endif
-  OpenWithRegistered(help_file);
+  HelpWindow window(std::move(manual), parent);
+  window.ShowPage(request.page_path);
+  window.exec();
 }
 
 bool QtDesktop::OpenWithRegistered(const std::string& path) {

@@ -7,9 +7,9 @@ namespace zelmo::ui {
 
 class QtDesktop : public Desktop {
  public:
-  // Where the platform has the viewer of compiled help, the topic opens in
-  // it; elsewhere the help file opens with the program registered for it
-  // when the file is there, and nothing happens when it is not.
+  // Opens the program's manual, in the folder of the help file, at the page
+  // of the context number in a help window; a missing page or manual is
+  // said in a message.
   void ShowHelp(const std::string& help_file, int context) override;
   bool OpenWithRegistered(const std::string& path) override;
   // The program the platform opens the file with, or empty. On a desktop

@@ -17,6 +17,8 @@ constexpr const char* kErrorTitle = "Error message";
 constexpr int kNewProjectHelp = 12165;
 constexpr int kOpenProjectHelp = 12163;
 constexpr int kDelProjectHelp = 12167;
+constexpr int kCopyProjectHelp = 12168;
+constexpr int kRenProjectHelp = 12164;
 
 std::string ExistingProjectsCaption(const Workspace& ws) {
   return "Existing projects ( " + LowerPathWhereCaseIgnored(ws.LocalPath) + " )";
@@ -184,6 +186,7 @@ CopyProject::CopyProject(Session& session, StartForm& main)
   List1.on_click = [this] { SourceClicked(); };
   Command1.on_click = [this] { Copy(); };
   Command2.on_click = [this] { Unload(); };
+  Command3.on_click = [this] { ShowScreenHelp(session_, kCopyProjectHelp); };
 }
 
 void CopyProject::Load() {
@@ -265,7 +268,7 @@ RenProject::RenProject(Session& session, StartForm& main)
   List1.on_click = [this] { ProjectClicked(); };
   Command1.on_click = [this] { Rename(); };
   Command2.on_click = [this] { Unload(); };
-  // This screen's Help button has no action.
+  Command3.on_click = [this] { ShowScreenHelp(session_, kRenProjectHelp); };
 }
 
 void RenProject::Load() {

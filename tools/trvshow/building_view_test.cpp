@@ -10,20 +10,14 @@
 #include <cstdlib>
 #include <map>
 
+#include "tools/test_app.h"
 #include "tools/trvshow/model/scene.h"
 #include "tools/trvshow/viewer_window.h"
 
 namespace zelmo::trvshow {
 namespace {
 
-QApplication& App() {
-  static int argc = 1;
-  static char name[] = "trvshow-test";
-  static char* argv[] = {name, nullptr};
-  // Never destroyed: it outlives every window, to the program's end.
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
+QApplication& App() { return tools::TestApp(); }
 
 Dat1Building Example() {
   return ReadCaseDat1(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/simulation/testdata/Case1/");
