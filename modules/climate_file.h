@@ -87,6 +87,29 @@ struct ClimateData {
 // each is written in.
 extern const std::array<const char*, kClimateColumns> kClimateColumnNames;
 
+// The range a column's values must lie in; a reader refuses a value outside
+// it, and the import of a weather file takes it as not measured.
+struct ClimateLimits {
+  double min, max;
+};
+extern const std::array<ClimateLimits, kClimateColumns> kClimateLimits;
+
+// Days of a month, February with its leap day (a climate file keeps a leap
+// day as it stands, whatever the year its hours are labelled with).
+int DaysInMonth(int month);
+bool IsClimateDate(const ClimateDate& date);
+
+// A date as the file writes it: "1995.01.31".
+std::string DateText(const ClimateDate& date);
+
+// Whether `hour` is the hour after `before` on the calendar, the year left
+// aside: a typical year joins months of different years.
+bool Follows(const ClimateHour& before, const ClimateHour& hour);
+
+// A number as the header writes it: at most six decimals, no trailing
+// zeros, no point when it is whole ("39.83", "-105", "1650").
+std::string FormatNumber(double value);
+
 // Reads a climate file whole. A file that cannot be opened, a header that
 // lacks a key or holds a value that is no number, an hourly line with a
 // field too few or too many, a date or hour that does not exist, or fewer

@@ -73,6 +73,7 @@ class SunPath {
  private:
   struct Day {
     double alpha, delta, nu;  // degrees
+    double r;                 // astronomical units
   };
   Day DayAt(double julian_day_0ut) const;
   SolarSite site_;
