@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kSigma = 5.670374419e-8;  // W/(m2 K4), Stefan-Boltzmann
 constexpr double kKelvin = 273.15;
+constexpr double kDegree = std::numbers::pi / 180;
 constexpr double kCpAir = 1006;           // J/(kg K), dry air
 constexpr double kGasConstant = 287.055;  // J/(kg K), dry air
 constexpr double kGravity = 9.80665;
@@ -230,7 +231,7 @@ HeatBalance::HeatBalance(HbModel model) : state_(std::make_unique<State>()) {
       info.node = face.front ? 0 : static_cast<int>(surface.capacity.size()) - 1;
       info.port = face.front ? st.front_port[face.surface] : st.back_port[face.surface];
       info.area = surface.area;
-      double nz = std::cos(surface.tilt * std::numbers::pi / 180.0);
+      double nz = std::cos(surface.tilt * kDegree);
       info.nz = face.front ? nz : -nz;
       info.emittance = face.front ? surface.emittance_front : surface.emittance_back;
       info.absorptance = face.front ? surface.absorptance_front : surface.absorptance_back;
@@ -442,10 +443,14 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
         if (surface.outside == OutsideKind::kOutdoor) {
           co.front_conv[s] = set.exterior_film;
           if (set.external_ir) {
-            co.front_sky[s] =
-                surface.sky_view * RadiativeCoefficient(surface.emittance_front, t[0], t_sky);
-            co.front_ground[s] =
-                surface.ground_view * RadiativeCoefficient(surface.emittance_front, t[0], t_out);
+            // The sky near the horizon radiates at about the air's
+            // temperature: of the sky seen, the part beta at the sky's
+            // temperature (Walton 1983).
+            double beta = std::sqrt(std::max(0.0, 0.5 * (1 + std::cos(surface.tilt * kDegree))));
+            co.front_sky[s] = surface.sky_view * beta *
+                              RadiativeCoefficient(surface.emittance_front, t[0], t_sky);
+            co.front_ground[s] = (surface.ground_view + surface.sky_view * (1 - beta)) *
+                                 RadiativeCoefficient(surface.emittance_front, t[0], t_out);
           }
         }
       }

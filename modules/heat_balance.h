@@ -22,7 +22,10 @@
 // - Outside faces: convection by the exterior film coefficient; long-wave
 //   exchange with the sky (temperature from the horizontal infrared
 //   radiation) and the ground (at air temperature) by view factor and
-//   emittance, linearised each step (h_r = eps sigma (Ts^2 + Tr^2)(Ts + Tr)).
+//   emittance, linearised each step (h_r = eps sigma (Ts^2 + Tr^2)(Ts + Tr));
+//   of the sky a tilted face sees, the part beta = sqrt((1 + cos tilt) / 2)
+//   at the sky's temperature and the rest, near the horizon, at the air's
+//   (Walton 1983, as in the EnergyPlus Engineering Reference).
 // - Window gaps: the conductance of the gas by its convective coefficient
 //   and the radiative exchange between the two panes, eps_eff = 1/(1/e1 +
 //   1/e2 - 1) (EN 673, 1997).
