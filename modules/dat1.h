@@ -50,9 +50,9 @@ struct Dat1Element {
   int front = 0, back = 0;       // volume codes: -1 Ground, 0 Outdoor, 1 to 8 volumes
   std::array<double, 6> dims{};  // A to F
   Dat1Part main;
-  Dat1Part hole;        // shape 3 only
-  double leakage = 0;   // of the main part's block (or its window's)
-  int line = 0;         // the line of the file where the element begins
+  Dat1Part hole;       // shape 3 only
+  double leakage = 0;  // of the main part's block (or its window's)
+  int line = 0;        // the line of the file where the element begins
   // The texts of the first line's fields from the zenith to z, trimmed, as
   // the file holds them.
   std::array<std::string, 5> texts;
@@ -61,7 +61,7 @@ struct Dat1Element {
 struct Dat1Building {
   std::string headline;
   int volumes = 0;
-  std::vector<double> fluids;                   // fluid code of each volume
+  std::vector<double> fluids;                    // fluid code of each volume
   std::vector<std::array<double, 2>> advection;  // per pair i < j, i the outer loop
   std::vector<Dat1Element> elements;
 };

@@ -27,7 +27,7 @@ inline constexpr int kPlorNotClosed = kPlor.base + 5;
 
 // A volume: the surfaces round it, with the side of each that faces it.
 struct PlorVolume {
-  int number = 0;            // 1 to 8
+  int number = 0;             // 1 to 8
   std::vector<int> surfaces;  // indices into PlorResult::surfaces
   // +1 where the volume lies on the surface's front side, -1 on its back.
   std::vector<int> sides;
@@ -41,9 +41,9 @@ struct PlorVolume {
 // A surface facing outdoors: the side that faces out and its view factors
 // to the sky and the ground, (1 + cos tilt) / 2 and (1 - cos tilt) / 2.
 struct PlorOutside {
-  int surface = 0;    // index into PlorResult::surfaces
-  Vec3 outward;       // the normal of the side that faces outdoors
-  double tilt = 0;    // of that side, degrees
+  int surface = 0;  // index into PlorResult::surfaces
+  Vec3 outward;     // the normal of the side that faces outdoors
+  double tilt = 0;  // of that side, degrees
   double azimuth = 0;
   double sky = 0, ground = 0;
 };
@@ -54,7 +54,7 @@ struct PlorResult {
   int elements = 0;
   std::vector<Surface> surfaces;
   std::vector<PlorVolume> volume_data;  // one per volume, in order
-  std::vector<PlorOutside> outside;      // in the order of the surfaces
+  std::vector<PlorOutside> outside;     // in the order of the surfaces
 };
 
 // The fingerprint of PLOR's results: that of DAT1.DAT's bytes. A missing
