@@ -16,7 +16,8 @@ using testing::ReadBytes;
 using testing::WriteBytes;
 
 // A copy of the example project with its libraries in place, run with the
-// staged stand-in modules: the settings point at the staged program tree.
+// stand-in modules that STANDIN.INP steers: the settings point at the test
+// tree that stages them.
 struct ExampleRun {
   ExampleRun() {
     CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ/Example",
@@ -24,7 +25,7 @@ struct ExampleRun {
     for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
       RenamePath(dir / "Example/" + name + "_Temp", dir / "Example/" + name);
     }
-    settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_DIST_DIR");
+    settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_STANDIN_TREE");
   }
   int Run(const std::vector<std::string>& args) {
     out.str("");
