@@ -16,9 +16,9 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "libraries/window_library_export.h"
-#include "libraries/window_library_reader.h"
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
+#include "modules/glazing_library.h"
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
 #include "simulation/side_by_side.h"
@@ -287,7 +287,7 @@ int WindowProperties(Context& c, const std::vector<std::string>& args) {
     row("type", "name", "U", "g", "Tsol");
     bool failed = false;
     const std::string library_path = JoinPath(ws.ProjectPath, kWindowLibraryFile);
-    const WindowLibrary library = ReadWindowLibrary(library_path);
+    const WindowLibrary library = modules::ReadWindowLibrary(library_path);
     for (int number : numbers) {
       const std::string name = TrimBlanks(table.Cell(number, 1));
       const WindowOutcome outcome = WindowPropertiesIn(library, library_path, number);

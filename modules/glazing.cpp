@@ -1,9 +1,9 @@
-#include "libraries/glazing.h"
+#include "modules/glazing.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace zelmo {
+namespace zelmo::modules {
 
 namespace {
 
@@ -28,10 +28,9 @@ double Linear(double at_reference, double per_kelvin, double kelvin) {
   return at_reference + per_kelvin * (kelvin - kReferenceKelvin);
 }
 
-// The conductance of a gap, gas and radiation, at its mean temperature and
-// the temperature difference over it; nothing when the data give none.
-std::optional<double> GapConductance(const GlazingGap& gap, double eps_outer, double eps_inner,
-                                     double mean_kelvin, double difference) {
+// The conductance of a gap's gas at its mean temperature and the
+// temperature difference over it; nothing when the data give none.
+std::optional<double> GasConductance(const GlazingGap& gap, double mean_kelvin, double difference) {
   const double width = gap.width_mm / 1000;
   const GasProperties& gas = gap.gas;
   const double k = Linear(gas.k, gas.dk, mean_kelvin);
@@ -39,13 +38,25 @@ std::optional<double> GapConductance(const GlazingGap& gap, double eps_outer, do
   const double rho = Linear(gas.rho, gas.drho, mean_kelvin);
   double prandtl = Linear(gas.pr, gas.dpr, mean_kelvin);
   if (gas.pr > kSpecificHeatAbove) prandtl = mu * prandtl / k;
-  if (!(width > 0 && k > 0 && mu > 0 && rho > 0 && prandtl > 0 && difference >= 0)) {
+  if (!(width > 0 && k > 0 && mu > 0 && rho > 0 && prandtl > 0 && difference >= 0 &&
+        mean_kelvin > 0)) {
     return std::nullopt;
   }
   const double grashof =
       kGravity * width * width * width * difference * rho * rho / (mean_kelvin * mu * mu);
   double nusselt = kNusseltA * std::pow(grashof * prandtl, kNusseltN);
   if (!(nusselt > 1)) nusselt = 1;
+  const double conductance = nusselt * k / width;
+  if (!Finite(conductance) || !(conductance > 0)) return std::nullopt;
+  return conductance;
+}
+
+// The conductance of a gap, gas and radiation linearised at the mean
+// temperature as EN 673 takes it; nothing when the data give none.
+std::optional<double> GapConductance(const GlazingGap& gap, double eps_outer, double eps_inner,
+                                     double mean_kelvin, double difference) {
+  const auto gas = GasConductance(gap, mean_kelvin, difference);
+  if (!gas) return std::nullopt;
   double radiation = 0;
   // A face that emits nothing passes no radiation across the gap.
   if (eps_outer > 0 && eps_inner > 0) {
@@ -53,7 +64,7 @@ std::optional<double> GapConductance(const GlazingGap& gap, double eps_outer, do
     if (!(exchange > 0)) return std::nullopt;
     radiation = 4 * kStefanBoltzmann * mean_kelvin * mean_kelvin * mean_kelvin / exchange;
   }
-  const double conductance = nusselt * k / width + radiation;
+  const double conductance = *gas + radiation;
   if (!Finite(conductance) || !(conductance > 0)) return std::nullopt;
   return conductance;
 }
@@ -90,6 +101,12 @@ std::optional<std::vector<double>> GapResistances(const Glazing& glazing) {
 }
 
 }  // namespace
+
+bool SoundFaces(const SolarFaces& faces) {
+  auto fraction = [](double value) { return value >= -1e-9 && value <= 1 + 1e-9; };
+  return fraction(faces.tau) && fraction(faces.rho_front) && fraction(faces.rho_back) &&
+         fraction(faces.tau + faces.rho_front) && fraction(faces.tau + faces.rho_back);
+}
 
 std::optional<SolarFaces> FresnelSlab(double thickness_mm, double refraction, double extinction) {
   if (!(thickness_mm >= 0 && refraction > 0)) return std::nullopt;
@@ -170,4 +187,14 @@ std::optional<GlazingResult> ComputeGlazing(const Glazing& glazing) {
   return result;
 }
 
-}  // namespace zelmo
+std::optional<double> GapGasConductance(const GlazingGap& gap, double t1_kelvin, double t2_kelvin) {
+  return GasConductance(gap, (t1_kelvin + t2_kelvin) / 2, std::fabs(t1_kelvin - t2_kelvin));
+}
+
+double GapRadiativeConductance(double eps1, double eps2, double t1_kelvin, double t2_kelvin) {
+  if (!(eps1 > 0 && eps2 > 0)) return 0;
+  return kStefanBoltzmann * (t1_kelvin * t1_kelvin + t2_kelvin * t2_kelvin) *
+         (t1_kelvin + t2_kelvin) / (1 / eps1 + 1 / eps2 - 1);
+}
+
+}  // namespace zelmo::modules

@@ -6,13 +6,17 @@
 #include <optional>
 #include <vector>
 
-namespace zelmo {
+namespace zelmo::modules {
 
 // Transmittance and the reflectances of the outdoor (front) and the room
 // (back) side, fractions at normal incidence. A pane transmits alike both ways.
 struct SolarFaces {
   double tau = 0, rho_front = 0, rho_back = 0;
 };
+
+// True for fractions a glass can have: each from 0 to 1, and the
+// transmittance with either reflectance not above 1.
+bool SoundFaces(const SolarFaces& faces);
 
 // A pane as it stands in the window, pane 1 outdoors: a reversed coating has
 // already swapped front and back.
@@ -78,4 +82,14 @@ struct GlazingResult {
 // no viscosity, ...).
 std::optional<GlazingResult> ComputeGlazing(const Glazing& glazing);
 
-}  // namespace zelmo
+// The heat balance of a gap at the temperatures of the two faces that bound
+// it (kelvin), for a module that follows the panes' temperatures: the gas's
+// conductance by the Nusselt number of a vertical layer (EN 673), at the
+// layer's mean temperature and the difference over it, and the radiative
+// conductance of two grey parallel faces,
+// sigma (T1^2 + T2^2) (T1 + T2) / (1/eps1 + 1/eps2 - 1). W/m2,K; nothing when
+// the gas data give none.
+std::optional<double> GapGasConductance(const GlazingGap& gap, double t1_kelvin, double t2_kelvin);
+double GapRadiativeConductance(double eps1, double eps2, double t1_kelvin, double t2_kelvin);
+
+}  // namespace zelmo::modules
