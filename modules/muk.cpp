@@ -332,21 +332,6 @@ std::string MukFingerprint(const std::string& case_folder) {
       .Text();
 }
 
-std::vector<std::string> MukSummaryLines(const std::vector<MukSummary>& volumes) {
-  std::vector<std::string> lines = {
-      "Volume\tHeating [kWh]\tCooling [kWh]\tPeak heating [W]\tPeak cooling [W]\tT_min [C]\t"
-      "T_mean [C]\tT_max [C]"};
-  for (const auto& v : volumes) {
-    std::string line = std::to_string(v.volume);
-    for (double x : {v.heating_kwh, v.cooling_kwh, v.peak_heating, v.peak_cooling, v.t_min,
-                     v.t_mean, v.t_max}) {
-      line += "\t" + Fixed("%.3f", x);
-    }
-    lines.push_back(line);
-  }
-  return lines;
-}
-
 void RunMuk(const std::string& case_folder) {
   const std::string fingerprint = MukFingerprint(case_folder);
   Dat1Building dat1;
