@@ -60,15 +60,17 @@ NebResult ComputeNeb(const PlorResult& plor);
 // table interpolated bilinearly in azimuth (round the circle) and altitude.
 double SunlitFraction(const NebResult& neb, size_t surface, Vec3 sun_direction);
 
-// The sunlit fraction of a receiving surface for one sun direction, the
-// other surfaces of the building casting shadows: exact along lines of the
-// receiving surface, and integrated across them by the midpoint rule on the
-// bands between the corners of the shadows (see shading.h).
-double SunlitFractionFor(const PlorResult& plor, size_t receiver, Vec3 sun_direction);
+// The sunlit fraction of a surface facing outdoors (an index into
+// PlorResult::outside) for one sun direction, the other surfaces of the
+// building casting shadows, computed rather than interpolated (shading.h).
+double SunlitFractionFor(const PlorResult& plor, size_t outside, Vec3 sun_direction);
+
+// The direction towards a sun at `altitude` and `azimuth` (degrees; 0
+// north, 90 east) in the building's frame.
+Vec3 SunDirection(double altitude, double azimuth);
 
 std::vector<std::string> NebResultLines(const NebResult& result);
-std::vector<std::string> NebReportLines(const NebResult& result, const PlorResult& plor,
-                                        const Dat1Building& building);
+std::vector<std::string> NebReportLines(const NebResult& result, const PlorResult& plor);
 
 // The whole module: reads PLOR.RES (checked against DAT1.DAT), writes
 // NEB.RES and NEB.LIS.

@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "core/text_file.h"
+#include "modules/plor_lines.h"
 #include "modules/view_factors.h"
 
 namespace zelmo::modules {
@@ -312,69 +313,6 @@ void RunPlor(const std::string& case_folder) {
 }
 
 namespace {
-
-// A walk over a result file's lines, each cut at its tabs.
-class ResultLines {
- public:
-  ResultLines(const std::string& path, const std::vector<std::string>& lines)
-      : path_(path), lines_(lines) {}
-
-  bool AtEnd() const { return next_ >= lines_.size(); }
-  // The next line, which must open with `tag` and hold at least `fields`
-  // fields after it.
-  std::vector<std::string> Next(const std::string& tag, size_t fields) {
-    if (AtEnd()) {
-      throw FileError(path_, static_cast<int>(next_) + 2, "The file ends before a line " + tag);
-    }
-    std::vector<std::string> cut;
-    const std::string& line = lines_[next_++];
-    size_t start = 0;
-    while (true) {
-      size_t tab = line.find('\t', start);
-      cut.push_back(line.substr(start, tab == std::string::npos ? tab : tab - start));
-      if (tab == std::string::npos) break;
-      start = tab + 1;
-    }
-    if (cut[0] != tag || cut.size() < fields + 1) {
-      Fail("A line " + tag + " with " + std::to_string(fields) + " values was expected");
-    }
-    return cut;
-  }
-  double Real(const std::string& text) {
-    char* end = nullptr;
-    const double value = std::strtod(text.c_str(), &end);
-    if (text.empty() || *end != '\0' || !std::isfinite(value)) {
-      Fail("\"" + text.substr(0, 20) + "\" is not a number");
-    }
-    return value;
-  }
-  int Whole(const std::string& text, int low, int high) {
-    const double value = Real(text);
-    if (value != std::floor(value) || value < low || value > high) {
-      Fail(text + " is not a whole number from " + std::to_string(low) + " to " +
-           std::to_string(high));
-    }
-    return static_cast<int>(value);
-  }
-  std::vector<Vec3> Points(size_t count) {
-    const std::vector<std::string> f = Next("P", 3 * count);
-    if (f.size() != 3 * count + 1) Fail("The line must hold " + std::to_string(count) + " points");
-    std::vector<Vec3> points;
-    for (size_t k = 0; k < count; ++k) {
-      points.push_back({Real(f[1 + 3 * k]), Real(f[2 + 3 * k]), Real(f[3 + 3 * k])});
-    }
-    return points;
-  }
-  [[noreturn]] void Fail(const std::string& what) const {
-    // The head line is the file's first.
-    throw FileError(path_, static_cast<int>(next_) + 1, what);
-  }
-
- private:
-  const std::string& path_;
-  const std::vector<std::string>& lines_;
-  size_t next_ = 0;
-};
 
 constexpr int kMaxSurfaces = 2 * kMaxElements;
 
