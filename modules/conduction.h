@@ -9,11 +9,14 @@
 // the oscillation Crank-Nicolson shows after a step change; the error is of
 // first order in the step, so a caller chooses the step for accuracy only.
 //
-// Cells per layer: the Fourier-number criterion of Waddell and Kaushik
-// (2011), dx <= sqrt(C alpha dt), with the space discretisation constant C
-// and a reference step dt below; see the README for the sources.
+// Cells per layer by the mesh Fourier number Fo = alpha dt / dx^2 (Clarke,
+// Energy Simulation in Building Design, 2nd ed. 2001, ch. 3): every cell is
+// at most as thick as the diffusion length sqrt(alpha dt) of a quarter-hour
+// reference step, Fo >= 1, so a daily or hourly wave is resolved whatever
+// step a caller takes later; see the README.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 namespace zelmo::modules {
@@ -26,7 +29,7 @@ struct Layer {
   double specific_heat = 0;  // J/kg,K
 };
 
-// The criterion's constants: dx <= sqrt(kSpaceConstant alpha kReferenceStep).
+// The criterion: dx <= sqrt(kSpaceConstant alpha kReferenceStep).
 inline constexpr double kSpaceConstant = 1.0;
 inline constexpr double kReferenceStep = 900.0;  // s
 // The most cells one layer is cut into: a layer thicker than this many
@@ -101,8 +104,9 @@ class ConductionStep {
   // Inner nodes with the faces held: T = base + by_out T_out + by_in T_in,
   // by_out and by_in fixed for the construction.
   std::vector<double> by_out_, by_in_;
-  // The inner nodes' tridiagonal system, factorised (Thomas algorithm).
-  std::vector<double> inner_diagonal_, inner_factor_;
+  // The inner nodes' tridiagonal system: its diagonal and the conductances
+  // between neighbouring inner nodes.
+  std::vector<double> inner_diagonal_, inner_coupling_;
 };
 
 // The steady temperatures of the nodes between the two face temperatures.

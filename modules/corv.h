@@ -47,6 +47,15 @@ std::string CorvFingerprint(const std::string& case_folder);
 // CORV.LIS. Throws ModuleFailure (or FileError for a damaged DAT2.DAT).
 void RunCorv(const std::string& case_folder);
 
+// The steps of RunCorv, for tests and benchmarks: the constructions of
+// DAT2.DAT (ModuleFailure for a wall that can't be one), the lines of
+// CORV.RES after its head line, and those lines read back (ModuleFailure
+// with `code` when damaged).
+struct Dat2;
+CorvResult ComputeCorv(const Dat2& dat2);
+std::vector<std::string> CorvLines(const CorvResult& result);
+CorvResult ParseCorvResult(const std::vector<std::string>& lines, int code);
+
 // CORV.RES read back by a module after it. A file that is missing, out of
 // date against DAT2.DAT or damaged fails with `code` (the reader's own code),
 // naming CORV to run again.
