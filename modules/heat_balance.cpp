@@ -24,10 +24,12 @@ constexpr double kMinFilm = 0.1;     // W/(m2 K), floor of the natural-convectio
 // Computations, alg. 3.4.1), for the small systems of faces and air nodes.
 class DenseLu {
  public:
-  void Factor(std::vector<double> a, int n) {
-    a_ = std::move(a);
+  void Factor(const std::vector<double>& a, int n) {
+    a_.assign(a.begin(), a.begin() + static_cast<size_t>(n) * n);
     n_ = n;
     pivot_.assign(n, 0);
+    lower_.assign(n, 0);
+    upper_.assign(n, 0);
     for (int k = 0; k < n; ++k) {
       int p = k;
       for (int i = k + 1; i < n; ++i) {
@@ -39,23 +41,37 @@ class DenseLu {
       }
       double diag = a_[k * n + k];
       if (diag == 0) throw std::runtime_error("singular heat balance");
+      // The row's last entry that is not zero bounds the work: the faces of
+      // one volume and its air lie together, so the matrix is near banded.
+      int last = n - 1;
+      while (last > k && a_[k * n + last] == 0) --last;
+      upper_[k] = last;
       for (int i = k + 1; i < n; ++i) {
+        if (a_[i * n + k] == 0) continue;
         double f = a_[i * n + k] / diag;
         a_[i * n + k] = f;
-        if (f == 0) continue;
-        for (int j = k + 1; j < n; ++j) a_[i * n + j] -= f * a_[k * n + j];
+        for (int j = k + 1; j <= last; ++j) a_[i * n + j] -= f * a_[k * n + j];
       }
+    }
+    // Row interchanges after a column was done move its multipliers.
+    for (int k = 0; k < n; ++k) {
+      int i = n - 1;
+      while (i > k && a_[i * n + k] == 0) --i;
+      lower_[k] = i;
     }
   }
   void Solve(std::vector<double>& b) const {
     const int n = n_;
     for (int k = 0; k < n; ++k) {
       if (pivot_[k] != k) std::swap(b[k], b[pivot_[k]]);
-      for (int i = k + 1; i < n; ++i) b[i] -= a_[i * n + k] * b[k];
+    }
+    for (int k = 0; k < n; ++k) {
+      if (b[k] == 0) continue;
+      for (int i = k + 1; i <= lower_[k]; ++i) b[i] -= a_[i * n + k] * b[k];
     }
     for (int i = n - 1; i >= 0; --i) {
       double s = b[i];
-      for (int j = i + 1; j < n; ++j) s -= a_[i * n + j] * b[j];
+      for (int j = i + 1; j <= upper_[i]; ++j) s -= a_[i * n + j] * b[j];
       b[i] = s / a_[i * n + i];
     }
   }
@@ -63,6 +79,7 @@ class DenseLu {
  private:
   std::vector<double> a_;
   std::vector<int> pivot_;
+  std::vector<int> lower_, upper_;  // the last row (column) of each column (row) not zero
   int n_ = 0;
 };
 
@@ -104,6 +121,18 @@ struct Chain {
   std::vector<std::vector<double>> xp;
 };
 
+// The coefficients of a step, from the temperatures of the estimate.
+struct Coefficients {
+  std::vector<std::vector<double>> film;     // per volume, per face
+  std::vector<std::vector<double>> curtain;  // per volume, per face: factor on its couplings
+  std::vector<double> lw;                    // per volume: 4 sigma Tm^3
+  std::vector<std::vector<double>> links;    // per surface: W/K between nodes
+  std::vector<double> front_conv, front_sky, front_ground;  // per surface, W/(m2 K)
+  std::vector<double> outdoor_air;                          // per volume: W/K to outdoor air
+  std::vector<double> opening_out;            // per volume: W/K through openings to outdoors
+  std::vector<std::vector<double>> exchange;  // per volume pair: W/K both ways
+};
+
 }  // namespace
 
 struct HeatBalance::State {
@@ -119,6 +148,17 @@ struct HeatBalance::State {
   double previous_outdoor = 0, previous_sky = 0;
   double air_density = 1.2;  // at 20 C and the site's pressure
   double pressure = 101325;
+  std::vector<int> air_port;  // per volume
+  // Work of a step, kept so that a step allocates nothing.
+  std::vector<std::vector<double>> old_temps, est_temps;
+  std::vector<double> old_air, est_air, heat;
+  Coefficients co;
+  std::vector<Chain> chains;
+  std::vector<double> d, b, cprime, denom;
+  std::vector<std::vector<double>> rhs, unit;
+  std::vector<double> k, r, x0, x;
+  std::vector<int> controlled, mode, held, ready;
+  DenseLu lu;
 };
 
 std::vector<HbFace> FacesOf(const HbModel& model, int volume) {
@@ -212,19 +252,35 @@ HeatBalance::HeatBalance(HbModel model) : state_(std::make_unique<State>()) {
   for (int s = 0; s < ns; ++s) {
     const auto& surface = m.surfaces[s];
     int nodes = static_cast<int>(surface.capacity.size());
-    if (nodes < 1 || surface.volume < 0 || surface.volume >= nv) {
+    bool other_ok = surface.outside != OutsideKind::kVolume ||
+                    (surface.other_volume >= 0 && surface.other_volume < nv);
+    if (nodes < 1 || surface.volume < 0 || surface.volume >= nv || !other_ok ||
+        (!surface.window && static_cast<int>(surface.conductance.size()) < nodes - 1)) {
       throw std::invalid_argument("surface without nodes or volume");
     }
     st.temps.emplace_back(nodes, m.settings.initial_temperature);
-    st.back_port[s] = st.ports++;
-    if (surface.outside == OutsideKind::kVolume) {
-      st.front_port[s] = nodes == 1 ? st.back_port[s] : st.ports++;
-    }
   }
+  // The unknowns volume by volume: its faces, then its air, so that the
+  // matrix of the step is near banded.
   st.faces.resize(nv);
+  st.air_port.assign(nv, -1);
+  int index = 0;
   for (int v = 0; v < nv; ++v) {
     for (const auto& face : FacesOf(m, v)) {
       const auto& surface = m.surfaces[face.surface];
+      const int s = face.surface;
+      const bool single = surface.capacity.size() == 1;
+      if (face.front || single) {
+        if (st.front_port[s] < 0) {
+          st.front_port[s] = single && st.back_port[s] >= 0 ? st.back_port[s] : index++;
+        }
+      }
+      if (!face.front || single) {
+        if (st.back_port[s] < 0) {
+          st.back_port[s] = single && st.front_port[s] >= 0 ? st.front_port[s] : index++;
+        }
+      }
+      if (surface.outside != OutsideKind::kVolume) st.front_port[s] = -1;
       FaceInfo info;
       info.surface = face.surface;
       info.front = face.front;
@@ -239,29 +295,15 @@ HeatBalance::HeatBalance(HbModel model) : state_(std::make_unique<State>()) {
       st.faces[v].push_back(info);
     }
     st.exchange.push_back(ExchangeFactors(st.faces[v], m.volumes[v].view_factors));
+    st.air_port[v] = index++;
   }
+  st.ports = index - nv;
   st.air.assign(nv, m.settings.initial_temperature);
   st.pressure = SiteAirPressure(m.settings.elevation);
   st.air_density = AirDensity(st.pressure, 20);
 }
 
 HeatBalance::~HeatBalance() = default;
-
-namespace {
-
-// The coefficients of a step, from the temperatures of the estimate.
-struct Coefficients {
-  std::vector<std::vector<double>> film;     // per volume, per face
-  std::vector<std::vector<double>> curtain;  // per volume, per face: factor on its couplings
-  std::vector<double> lw;                    // per volume: 4 sigma Tm^3
-  std::vector<std::vector<double>> links;    // per surface: W/K between nodes
-  std::vector<double> front_conv, front_sky, front_ground;  // per surface, W/(m2 K)
-  std::vector<double> outdoor_air;                          // per volume: W/K to outdoor air
-  std::vector<double> opening_out;            // per volume: W/K through openings to outdoors
-  std::vector<std::vector<double>> exchange;  // per volume pair: W/K both ways
-};
-
-}  // namespace
 
 HbResult HeatBalance::Hour(const HbHour& hour) {
   State& st = *state_;
@@ -378,23 +420,31 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
 
   std::vector<double> back_sum(ns, 0.0), front_sum(ns, 0.0);
   const int size = st.ports + nv;
-  auto air_index = [&](int v) { return st.ports + v; };
+  auto air_index = [&](int v) { return st.air_port[v]; };
 
   for (int step = 0; step < steps; ++step) {
     double frac = static_cast<double>(step + 1) / steps;
     double t_out = st.previous_outdoor + (hour.outdoor - st.previous_outdoor) * frac;
     double t_sky = st.previous_sky + (hour.sky - st.previous_sky) * frac;
-    const auto old_temps = st.temps;
-    const auto old_air = st.air;
-    auto est_temps = st.temps;
-    auto est_air = st.air;
-    Coefficients co;
-    std::vector<Chain> chains(ns);
-    std::vector<double> heat(nv, 0.0);
+    st.old_temps = st.temps;
+    st.old_air = st.air;
+    st.est_temps = st.temps;
+    st.est_air = st.air;
+    const auto& old_temps = st.old_temps;
+    const auto& old_air = st.old_air;
+    auto& est_temps = st.est_temps;
+    auto& est_air = st.est_air;
+    Coefficients& co = st.co;
+    auto& chains = st.chains;
+    chains.resize(ns);
+    auto& heat = st.heat;
+    heat.assign(nv, 0.0);
     for (int iteration = 0; iteration < std::max(1, set.iterations); ++iteration) {
       // Coefficients from the estimate.
-      co.film.assign(nv, {});
-      co.curtain.assign(nv, {});
+      co.film.resize(nv);
+      co.curtain.resize(nv);
+      for (auto& x : co.film) x.clear();
+      for (auto& x : co.curtain) x.clear();
       co.lw.assign(nv, 0.0);
       for (int v = 0; v < nv; ++v) {
         double sum_at = 0, sum_a = 0;
@@ -420,7 +470,8 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
           co.curtain[v].push_back(factor);
         }
       }
-      co.links.assign(ns, {});
+      co.links.resize(ns);
+      for (auto& x : co.links) x.clear();
       co.front_conv.assign(ns, 0.0);
       co.front_sky.assign(ns, 0.0);
       co.front_ground.assign(ns, 0.0);
@@ -456,7 +507,8 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
       }
       co.outdoor_air.assign(nv, 0.0);
       co.opening_out.assign(nv, 0.0);
-      co.exchange.assign(nv, std::vector<double>(nv, 0.0));
+      co.exchange.resize(nv);
+      for (auto& x : co.exchange) x.assign(nv, 0.0);
       double rho_out = AirDensity(st.pressure, t_out);
       for (int v = 0; v < nv; ++v) {
         const auto& vh = hour.volumes[v];
@@ -485,14 +537,19 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
       }
 
       // Assemble: each chain condensed onto its ports.
-      std::vector<double> k(static_cast<size_t>(size) * size, 0.0);
-      std::vector<double> r(size, 0.0);
+      auto& k = st.k;
+      auto& r = st.r;
+      k.assign(static_cast<size_t>(size) * size, 0.0);
+      r.assign(size, 0.0);
       auto K = [&](int i, int j) -> double& { return k[static_cast<size_t>(i) * size + j]; };
       for (int s = 0; s < ns; ++s) {
         const auto& surface = m.surfaces[s];
         const auto& links = co.links[s];
         int nodes = static_cast<int>(old_temps[s].size());
-        std::vector<double> d(nodes), b(nodes);
+        auto& d = st.d;
+        auto& b = st.b;
+        d.assign(nodes, 0.0);
+        b.assign(nodes, 0.0);
         for (int n = 0; n < nodes; ++n) {
           double c = surface.capacity[n] * surface.area / dt;
           d[n] = c + (n > 0 ? links[n - 1] : 0) + (n + 1 < nodes ? links[n] : 0);
@@ -527,8 +584,13 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
         ch.xp.assign(np, std::vector<double>(std::max(0, ni), 0.0));
         if (ni > 0) {
           // Thomas algorithm over the interior, several right-hand sides.
-          std::vector<double> cprime(ni), denom(ni);
-          std::vector<std::vector<double>> rhs(1 + np, std::vector<double>(ni, 0.0));
+          auto& cprime = st.cprime;
+          auto& denom = st.denom;
+          auto& rhs = st.rhs;
+          cprime.assign(ni, 0.0);
+          denom.assign(ni, 0.0);
+          rhs.resize(1 + np);
+          for (auto& rr : rhs) rr.assign(ni, 0.0);
           for (int i = 0; i < ni; ++i) rhs[0][i] = b[ch.lo + i];
           for (int p = 0; p < np; ++p) {
             int node = ch.port_nodes[p];
@@ -601,29 +663,43 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
           K(a, air_index(u)) -= co.exchange[u][v];
         }
       }
-      DenseLu lu;
+      DenseLu& lu = st.lu;
       lu.Factor(k, size);
-      std::vector<double> x0 = r;
+      auto& x0 = st.x0;
+      x0 = r;
       lu.Solve(x0);
-      // Responses of every node to a unit heating power in each volume that
-      // has a set point.
-      std::vector<std::vector<double>> unit(nv);
-      std::vector<int> controlled;
+      // Responses of every node to a unit heating power in a volume with a
+      // set point, solved when the volume is first held.
+      auto& unit = st.unit;
+      unit.resize(nv);
+      auto& controlled = st.controlled;
+      controlled.clear();
+      auto& ready = st.ready;
+      ready.assign(nv, 0);
       for (int v = 0; v < nv; ++v) {
         const auto& vh = hour.volumes[v];
         if (vh.heating_setpoint < -1e19 && vh.cooling_setpoint > 1e19) continue;
-        unit[v].assign(size, 0.0);
-        unit[v][air_index(v)] = 1;
-        lu.Solve(unit[v]);
         controlled.push_back(v);
       }
+      auto response = [&](int v) -> const std::vector<double>& {
+        if (!ready[v]) {
+          unit[v].assign(size, 0.0);
+          unit[v][air_index(v)] = 1;
+          lu.Solve(unit[v]);
+          ready[v] = 1;
+        }
+        return unit[v];
+      };
       // Active set: 0 free, 1 held at the heating, 2 at the cooling set
       // point, 3 at the maximum power.
-      std::vector<int> mode(nv, 0);
+      auto& mode = st.mode;
+      mode.assign(nv, 0);
       std::fill(heat.begin(), heat.end(), 0.0);
       auto air_of = [&](int v) {
         double t = x0[air_index(v)];
-        for (int u : controlled) t += unit[u][air_index(v)] * heat[u];
+        for (int u : controlled) {
+          if (heat[u] != 0) t += response(u)[air_index(v)] * heat[u];
+        }
         return t;
       };
       for (int round = 0; round < 4 * nv + 4; ++round) {
@@ -642,7 +718,8 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
           }
         }
         // Powers of the held volumes: a small linear system.
-        std::vector<int> held;
+        auto& held = st.held;
+        held.clear();
         for (int v : controlled) {
           if (mode[v] == 1 || mode[v] == 2) held.push_back(v);
         }
@@ -655,10 +732,10 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
             double target = mode[v] == 1 ? vh.heating_setpoint : vh.cooling_setpoint;
             double t = x0[air_index(v)];
             for (int u : controlled) {
-              if (mode[u] == 3) t += unit[u][air_index(v)] * heat[u];
+              if (mode[u] == 3 && heat[u] != 0) t += response(u)[air_index(v)] * heat[u];
             }
             rhs[i] = target - t;
-            for (int j = 0; j < nh; ++j) a[i * nh + j] = unit[held[j]][air_index(v)];
+            for (int j = 0; j < nh; ++j) a[i * nh + j] = response(held[j])[air_index(v)];
           }
           DenseLu small;
           small.Factor(a, nh);
@@ -683,25 +760,29 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
         }
         if (!changed) break;
       }
-      std::vector<double> x = x0;
+      auto& x = st.x;
+      x = x0;
       for (int u : controlled) {
         if (heat[u] == 0) continue;
-        for (int i = 0; i < size; ++i) x[i] += unit[u][i] * heat[u];
+        const auto& du = response(u);
+        for (int i = 0; i < size; ++i) x[i] += du[i] * heat[u];
       }
       // Back to every node.
       for (int s = 0; s < ns; ++s) {
         const Chain& ch = chains[s];
         auto& t = est_temps[s];
         int nodes = static_cast<int>(t.size());
-        std::vector<double> port_t;
-        for (int node : ch.port_nodes) {
-          port_t.push_back(x[node == nodes - 1 ? st.back_port[s] : st.front_port[s]]);
+        double port_t[2] = {0, 0};
+        const size_t np = ch.port_nodes.size();
+        for (size_t p = 0; p < np; ++p) {
+          int node = ch.port_nodes[p];
+          port_t[p] = x[node == nodes - 1 ? st.back_port[s] : st.front_port[s]];
+          t[node] = port_t[p];
         }
-        for (size_t p = 0; p < ch.port_nodes.size(); ++p) t[ch.port_nodes[p]] = port_t[p];
         for (int n = ch.lo; n <= ch.hi; ++n) {
           int i = n - ch.lo;
           double v = ch.xb[i];
-          for (size_t p = 0; p < port_t.size(); ++p) v += ch.xp[p][i] * port_t[p];
+          for (size_t p = 0; p < np; ++p) v += ch.xp[p][i] * port_t[p];
           t[n] = v;
         }
       }
