@@ -26,19 +26,13 @@
 
 #include "modules/contract.h"
 #include "modules/glazing.h"
+#include "modules/window_optics.h"
 
 namespace zelmo::modules {
 
 // The angles of incidence of the tables: 0 to 90 degrees by 5.
 inline constexpr int kFentAngles = 19;
 inline constexpr double kFentAngleStep = 5.0;
-
-// Radiation falling on one side of the window: the parts transmitted,
-// reflected and absorbed by each pane (pane 1 outdoors). They sum to 1.
-struct WindowOptics {
-  double tau = 0, rho = 0;
-  std::vector<double> absorbed;
-};
 
 struct FentPane {
   double eps_front = 0, eps_back = 0;  // long-wave emittances, outdoor and room face
@@ -88,6 +82,23 @@ std::string FentFingerprint(const std::string& case_folder);
 // The whole module on a case folder: writes FENT.RES and FENT.LIS. Throws
 // ModuleFailure (or FileError for a damaged Wndw.Lib).
 void RunFent(const std::string& case_folder);
+
+// The steps of RunFent, for tests and benchmarks. The window types the
+// elements of DAT1.DAT use, each with the line of DAT1.DAT it stands on
+// first: a window is the line ending in the fields " 6.00 1.00 0.00 0.00"
+// and a curtain flag (five places each) and a ten-place number with four
+// decimals, and the line after it holds the type's number.
+struct UsedWindow {
+  int number = 0;
+  int line = 0;
+};
+std::vector<UsedWindow> UsedWindowTypes(const std::string& dat1_bytes);
+struct WindowLibrary;
+// One window type of the library read from `path`; ModuleFailure with its
+// code when it can't be computed.
+FentWindow ComputeFentWindow(const WindowLibrary& library, const std::string& path, int number);
+std::vector<std::string> FentLines(const FentResult& result);
+FentResult ParseFentResult(const std::vector<std::string>& lines, int code);
 
 // FENT.RES read back by a module after it; a file that is missing, out of
 // date or damaged fails with `code`, naming FENT to run again.

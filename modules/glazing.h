@@ -74,13 +74,26 @@ struct SolarStack {
 };
 SolarStack CombinePanes(const std::vector<SolarFaces>& panes);
 
+// U (W/m2,K), g and the solar transmittance at normal incidence, and the
+// part of each pane's absorbed heat that flows to the room under the
+// conditions of g (its secondary heat transfer factor).
 struct GlazingResult {
   double u = 0, g = 0, tsol = 0;
+  std::vector<double> inward;
 };
 
 // Nothing when the data give no finite result (a gap of no width, a gas of
 // no viscosity, ...).
 std::optional<GlazingResult> ComputeGlazing(const Glazing& glazing);
+
+// The centre-of-glass U between outdoor and room air at the given
+// temperatures (C) and combined surface coefficients (W/m2,K): the panes'
+// temperatures follow from the heat flow through the series of surface,
+// glass and gap resistances, each gap's conductance at its faces'
+// temperatures (GapGasConductance plus GapRadiativeConductance), until
+// they settle. Nothing when the gaps give no finite conductance.
+std::optional<double> CentreU(const Glazing& glazing, double h_out, double h_in, double t_out,
+                              double t_in);
 
 // The heat balance of a gap at the temperatures of the two faces that bound
 // it (kelvin), for a module that follows the panes' temperatures: the gas's
