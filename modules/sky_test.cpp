@@ -16,15 +16,11 @@ SunPosition Sun(double zenith, double azimuth) {
   return sun;
 }
 
-// Hours of the Denver year of the validation cases (TMY3 725650, the sun
-// at the middle of each hour): the sun's zenith and azimuth, the file's
-// direct normal and diffuse horizontal irradiance and the day of the year.
-// The expected values were computed apart, once, by a short Python script
-// written from the paper's equations (clearness, brightness with the air
-// mass of Kasten and Young and Spencer's extraterrestrial irradiance, the
-// coefficients of table 6, the three-part diffuse), printed to 3 decimals:
-// beam, sky diffuse and ground per unit albedo on a vertical surface
-// facing south, beam and sky diffuse on a level one.
+// Hours of the Denver year (TMY3 725650, sun at mid-hour): zenith, azimuth,
+// the file's B_n and D_h, the day. Expected values computed apart, once, by
+// a short Python script written from the paper's equations, to 3 decimals:
+// beam, sky diffuse, ground per albedo facing south, vertical; beam and sky
+// diffuse on a level surface.
 struct DenverHour {
   const char* when;
   double zenith, azimuth, direct_normal, diffuse_horizontal;
@@ -69,18 +65,6 @@ TEST(PerezTilted, ALevelSurfaceReceivesTheGlobalHorizontal) {
     // ...and, with the sun at the middle of the hour, the file's measured
     // one to within the rounding of the file's three whole numbers.
     EXPECT_NEAR(level.beam + level.sky_diffuse, h.file_global, 1.5) << h.when;
-  }
-}
-
-TEST(PerezTilted, GroundAndSkyShareTheHemisphereBetweenThem) {
-  PerezSky sky = PerezSkyAt(Sun(40, 180), 0, 200, 172);  // overcast: isotropic
-  struct Case {
-    double tilt, sky_share, ground_share;
-  };
-  for (Case c : {Case{0, 1, 0}, Case{90, 0.5, 0.5}, Case{180, 0, 1}, Case{60, 0.75, 0.25}}) {
-    SurfaceIrradiance s = PerezTilted(sky, c.tilt, 0);
-    EXPECT_NEAR(s.isotropic, 200 * c.sky_share * (1 - sky.f1), 1e-9) << c.tilt;
-    EXPECT_NEAR(s.ground_per_albedo, 200 * c.ground_share, 1e-9) << c.tilt;
   }
 }
 

@@ -32,19 +32,6 @@ TEST(SunAt, GivesTheReportsZenithAndAzimuthToItsDigits) {
   EXPECT_TRUE(sun.up());
 }
 
-TEST(SunAt, TheDirectionIsTheUnitVectorOfZenithAndAzimuth) {
-  SunPosition sun = SunAt(ReportSite(), 2003, 10, 17, kReportHour);
-  const double z = sun.zenith * M_PI / 180, a = sun.azimuth * M_PI / 180;
-  EXPECT_NEAR(sun.direction.x, std::sin(z) * std::sin(a), 1e-12);  // east
-  EXPECT_NEAR(sun.direction.y, std::sin(z) * std::cos(a), 1e-12);  // north
-  EXPECT_NEAR(sun.direction.z, std::cos(z), 1e-12);
-}
-
-TEST(SunAt, AtMidnightTheSunIsDown) {
-  EXPECT_FALSE(SunAt(ReportSite(), 2003, 10, 17, 0.5).up());
-  EXPECT_GT(SunAt(ReportSite(), 2003, 10, 17, 0.5).zenith, 90);
-}
-
 TEST(SunAt, TheRotationTurnsTheSunTheOtherWayInTheBuildingsFrame) {
   // A building turned 90 degrees anti-clockwise: its x-axis points north and
   // its y-axis west, so the sun in the south-south-west stands, for the
@@ -58,44 +45,6 @@ TEST(SunAt, TheRotationTurnsTheSunTheOtherWayInTheBuildingsFrame) {
   EXPECT_NEAR(building.direction.x, expected.x, 1e-12);
   EXPECT_NEAR(building.direction.y, expected.y, 1e-12);
   EXPECT_NEAR(building.direction.z, expected.z, 1e-12);
-}
-
-TEST(Frames, TurnAndTurnBack) {
-  struct Case {
-    Direction in;
-    double rotation;
-    Direction building;
-  };
-  const Case cases[] = {
-      {{1, 0, 0}, 90, {0, -1, 0}},  // east seen from a building turned a quarter left
-      {{0, 1, 0}, 90, {1, 0, 0}},   // north
-      {{1, 0, 0}, -90, {0, 1, 0}},  // a quarter right
-      {{0, 1, 0.5}, 180, {0, -1, 0.5}}, {{0.3, 0.4, 0.5}, 0, {0.3, 0.4, 0.5}},
-  };
-  for (const Case& c : cases) {
-    Direction b = ToBuildingFrame(c.in, c.rotation);
-    EXPECT_NEAR(b.x, c.building.x, 1e-12) << c.rotation;
-    EXPECT_NEAR(b.y, c.building.y, 1e-12) << c.rotation;
-    EXPECT_DOUBLE_EQ(b.z, c.building.z);
-    Direction back = ToSiteFrame(b, c.rotation);
-    EXPECT_NEAR(back.x, c.in.x, 1e-12);
-    EXPECT_NEAR(back.y, c.in.y, 1e-12);
-  }
-}
-
-TEST(DirectionOf, FollowsTheViewersAngles) {
-  struct Case {
-    double zenith, azimuth;
-    Direction expected;
-  };
-  const Case cases[] = {{0, 0, {0, 0, 1}},     {90, 0, {0, 1, 0}},    {90, 90, {1, 0, 0}},
-                        {90, 180, {0, -1, 0}}, {90, 270, {-1, 0, 0}}, {180, 0, {0, 0, -1}}};
-  for (const Case& c : cases) {
-    Direction d = DirectionOf(c.zenith, c.azimuth);
-    EXPECT_NEAR(d.x, c.expected.x, 1e-12) << c.zenith << " " << c.azimuth;
-    EXPECT_NEAR(d.y, c.expected.y, 1e-12) << c.zenith << " " << c.azimuth;
-    EXPECT_NEAR(d.z, c.expected.z, 1e-12) << c.zenith << " " << c.azimuth;
-  }
 }
 
 TEST(SunPath, AgreesWithTheFullAlgorithmEveryHourOfAYear) {
@@ -130,17 +79,33 @@ TEST(SunPath, CrossesTheYearsEndAndGoesBackInTime) {
   }
 }
 
+TEST(SunPath, InTheHourOfSunriseTakesTheMiddleOfTheSunlitPart) {
+  SolarSite denver;
+  denver.latitude = 39.83;
+  denver.longitude = -104.65;
+  denver.time_meridian = -105;
+  // 21 June: the sun rises about 4:30; hour 5 runs from 4:00 to 5:00.
+  double down = 4, up = 5;
+  for (int i = 0; i < 40; ++i) {
+    const double at = (down + up) / 2;
+    (SunAt(denver, 1995, 6, 21, at).up() ? up : down) = at;
+  }
+  SunPosition sun = SunPath(denver).ForClimateHour(1995, 6, 21, 5);
+  EXPECT_NEAR(sun.zenith, SunAt(denver, 1995, 6, 21, (up + 5) / 2).zenith, 0.001);
+  EXPECT_TRUE(sun.up());
+  // At noon the middle of the hour.
+  EXPECT_DOUBLE_EQ(SunPath(denver).ForClimateHour(1995, 6, 21, 13).zenith,
+                   SunPath(denver).At(1995, 6, 21, 12.5).zenith);
+}
+
 TEST(ClimateHourInstant, IsTheMiddleOfTheHour) {
   EXPECT_DOUBLE_EQ(ClimateHourInstant(1), 0.5);
   EXPECT_DOUBLE_EQ(ClimateHourInstant(24), 23.5);
 }
 
 TEST(DayOfYear, CountsTheLeapDay) {
-  EXPECT_EQ(DayOfYear(1995, 1, 1), 1);
   EXPECT_EQ(DayOfYear(1995, 3, 1), 60);
   EXPECT_EQ(DayOfYear(1996, 3, 1), 61);
-  EXPECT_EQ(DayOfYear(1996, 12, 31), 366);
-  EXPECT_EQ(DayOfYear(2000, 12, 31), 366);
   EXPECT_EQ(DayOfYear(1900, 12, 31), 365);
 }
 
