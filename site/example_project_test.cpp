@@ -86,6 +86,10 @@ TEST_F(ExampleProject, ActivatesOpensAndEveryScreenKeepsItsFiles) {
   EXPECT_TRUE(site.CheckSite());
   EXPECT_EQ(site.Latitude.text + "|" + site.Longitude.text + "|" + site.Timem.text,
             "39.83|-104.65|-105");
+  const ClimateDates year = ReadClimateDates(fake.dialogs, climate);
+  EXPECT_EQ(year.first_year + year.first_month + year.first_day + "-" + year.last_year +
+                year.last_month + year.last_day,
+            "19950101-19951231");
   EXPECT_EQ(site.Latitude.text + "|" + site.Longitude.text + "|" + site.Timem.text,
             ReadClimateKey(fake.dialogs, climate, ClimateKey::kLatitude) + "|" +
                 ReadClimateKey(fake.dialogs, climate, ClimateKey::kLongitude) + "|" +
