@@ -22,6 +22,7 @@
 #include "simulation/modules.h"
 #include "simulation/run_plan.h"
 #include "simulation/side_by_side.h"
+#include "site/climate_import.h"
 #include "workspace/case_store.h"
 #include "workspace/startup.h"
 
@@ -308,6 +309,19 @@ int WindowProperties(Context& c, const std::vector<std::string>& args) {
   }
 }
 
+// An EnergyPlus weather file made a climate file, as the screen that moves
+// climate files does it.
+int ImportClimate(Context& c, const std::vector<std::string>& args) {
+  if (args.size() != 2) return Usage(c, "give a weather file (.epw) and the climate file to write");
+  const ClimateImportOutcome outcome = ImportClimateFile(args[0], args[1]);
+  if (!outcome.written) {
+    c.Err("zelmo: " + OneLine(outcome.fault) + "; nothing is written");
+    return kExitFailed;
+  }
+  for (const std::string& line : outcome.report) c.Out(line);
+  return kExitOk;
+}
+
 const std::vector<Command>& Commands() {
   static const std::vector<Command> commands = {
       {"prepare", "<project folder> <case>... | --all [-j N]",
@@ -323,6 +337,10 @@ const std::vector<Command>& Commands() {
        "write Wndw.Lib for the project, then print U (W/m2,K), g and Tsol of the window\n"
        "      type, or of each, at the centre of the glazing (EN 673, EN 410)",
        WindowProperties},
+      {"import-climate", "<file.epw> <file.CLI>",
+       "write an EnergyPlus weather file as a climate file; tells its hours, period,\n"
+       "      place and the values the weather file lacks",
+       ImportClimate},
   };
   return commands;
 }

@@ -163,8 +163,10 @@ class EpwParser {
     if (!ToNumber(fields[7], header.longitude) || std::fabs(header.longitude) > 180) {
       Fail(1, "The longitude of the LOCATION line is no number from -180 to 180");
     }
-    if (!ToNumber(fields[8], time_zone) || time_zone < -12 || time_zone > 14) {
-      Fail(1, "The time zone of the LOCATION line is no number from -12 to 14");
+    if (!ToNumber(fields[8], time_zone) || std::fabs(time_zone) > 12) {
+      // Zones 13 and 14 hours ahead would need a meridian past 180 degrees,
+      // which no site can hold.
+      Fail(1, "The time zone of the LOCATION line is no number from -12 to 12");
     }
     if (!ToNumber(fields[9], header.elevation) || header.elevation < -1000 ||
         header.elevation > 9000) {

@@ -1,8 +1,8 @@
 #include "modules/sky.h"
 
 #include <algorithm>
-#include <iterator>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 namespace zelmo::modules {

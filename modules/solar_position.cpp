@@ -415,6 +415,24 @@ SunPosition SunPath::At(int year, int month, int day, double hour) {
   return Topocentric(site_, alpha, delta, nu, days_[1].r);
 }
 
+SunPosition SunPath::ForClimateHour(int year, int month, int day, int hour) {
+  const double middle = ClimateHourInstant(hour);
+  const SunPosition sun = At(year, month, day, middle);
+  // In half an hour the sun's zenith moves 7.5 degrees at most: further
+  // than 10 from the horizon, it is up, or down, the whole hour.
+  if (std::fabs(sun.zenith - 90.0) > 10.0) return sun;
+  const double start = hour - 1.0, end = hour;
+  const bool up_at_start = At(year, month, day, start).up();
+  if (up_at_start == At(year, month, day, end).up()) return sun;
+  double before = start, after = end;  // the crossing lies between
+  for (int i = 0; i < 16; ++i) {       // to 0.06 s
+    const double at = (before + after) / 2;
+    (At(year, month, day, at).up() == up_at_start ? before : after) = at;
+  }
+  const double crossing = (before + after) / 2;
+  return At(year, month, day, up_at_start ? (start + crossing) / 2 : (crossing + end) / 2);
+}
+
 Direction ToBuildingFrame(const Direction& site, double rotation) {
   return ToSiteFrame(site, -rotation);
 }

@@ -65,10 +65,11 @@ class SunPath {
  public:
   explicit SunPath(const SolarSite& site);
   SunPosition At(int year, int month, int day, double hour);
-  // The sun of a climate file's hour (1 to 24), at ClimateHourInstant.
-  SunPosition ForClimateHour(int year, int month, int day, int hour) {
-    return At(year, month, day, ClimateHourInstant(hour));
-  }
+  // The sun of a climate file's hour (1 to 24): at ClimateHourInstant, but
+  // in the hour the sun rises or sets, at the middle of the part of the
+  // hour it is up, so that the hour's radiation falls on a sun above the
+  // horizon that stands for that part.
+  SunPosition ForClimateHour(int year, int month, int day, int hour);
 
  private:
   struct Day {

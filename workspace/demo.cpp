@@ -37,7 +37,12 @@ void Activate(Session& session, StartForm& main) {
   }
   if (!RenamePath(parked_climate, climate)) return;
 
-  // The site file gets the climate file's path where it stands now.
+  // The site file gets the path of the example's climate file where it
+  // stands in this tree; the parked file, a header without hours, only
+  // when the tree lacks it.
+  const std::string shipped =
+      JoinPath(JoinPath(session.ws.SystemPath, "Climate"), kExampleClimateFile);
+  const std::string site_climate = FileCanOpen(shipped) ? shipped : climate;
   const std::string project = JoinPath(root, "Example");
   const std::string case_folder = JoinPath(project, "Case1");
   const std::string site = JoinPath(case_folder, "Site.inp");
@@ -45,7 +50,7 @@ void Activate(Session& session, StartForm& main) {
   auto lines = ReadAllLines(site);
   if (!lines) return;
   for (auto& line : *lines) {
-    if (ToLower(line).find("cli") != std::string::npos) line = climate;
+    if (ToLower(line).find("cli") != std::string::npos) line = site_climate;
   }
   if (!WriteAllLines(site_copy, *lines)) return;
   // The copy replaces the site file in one step, so a kill in between never
