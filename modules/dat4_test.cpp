@@ -25,9 +25,9 @@ TEST(Dat3, ReadsThePeriodSiteAndCurtainScheduleOfTheWrittenInput) {
   Dat3 d = ParseDat3("DAT3.DAT", Testdata("DAT3.DAT"));
   EXPECT_EQ(d.headline, "Office room in Stockholm");
   EXPECT_EQ(d.rotation, 0);
-  EXPECT_DOUBLE_EQ(d.latitude, 59.35);
-  EXPECT_DOUBLE_EQ(d.longitude, 18.07);
-  EXPECT_DOUBLE_EQ(d.meridian, 15);
+  EXPECT_DOUBLE_EQ(d.latitude, 39.83);
+  EXPECT_DOUBLE_EQ(d.longitude, -104.65);
+  EXPECT_DOUBLE_EQ(d.meridian, -105);
   EXPECT_EQ(d.first_month, 7);
   EXPECT_EQ(d.last_day, 31);
   ASSERT_TRUE(d.has_curtains);
@@ -79,7 +79,7 @@ TEST(Dat4, ReadsControlOutputsScheduleVentilationAndCurtainsOfTheWrittenInput) {
   EXPECT_EQ(d.accuracy, 2);
   EXPECT_FALSE(d.no_sun);
   EXPECT_FALSE(d.fixed_temperature);
-  EXPECT_EQ(d.climate_file, "C:\\ZELMOPROJ\\StockholmW(SE).cli");
+  EXPECT_EQ(d.climate_file, "Climate/DenverCO(US).CLI");
   EXPECT_TRUE(d.external_ir);
   EXPECT_EQ(d.loops, 20);
   EXPECT_EQ(d.output_type, 2);
