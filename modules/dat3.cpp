@@ -43,6 +43,20 @@ std::vector<double> ReadNumbers(const TextReader& reader, std::string_view line,
   return values;
 }
 
+std::vector<std::string> SplitInputLines(std::string_view bytes) {
+  std::vector<std::string> lines;
+  size_t start = 0;
+  while (start < bytes.size()) {
+    size_t end = bytes.find('\n', start);
+    if (end == std::string_view::npos) end = bytes.size();
+    std::string line(bytes.substr(start, end - start));
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(std::move(line));
+    start = end + 1;
+  }
+  return lines;
+}
+
 bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
 
 int DaysInMonth(int year, int month) {
@@ -63,16 +77,7 @@ int WholeNumber(const TextReader& reader, double value, int low, int high, const
 }  // namespace
 
 Dat3 ParseDat3(const std::string& path, std::string_view bytes) {
-  std::vector<std::string> lines;
-  size_t start = 0;
-  while (start < bytes.size()) {
-    size_t end = bytes.find('\n', start);
-    if (end == std::string_view::npos) end = bytes.size();
-    std::string line(bytes.substr(start, end - start));
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(std::move(line));
-    start = end + 1;
-  }
+  const std::vector<std::string> lines = SplitInputLines(bytes);
   TextReader reader(path, lines);
   Dat3 d;
   d.headline = reader.ReadLine();

@@ -51,6 +51,9 @@ Dat3 ParseDat3(const std::string& path, std::string_view bytes);
 std::vector<double> ReadNumbers(const TextReader& reader, std::string_view line, size_t count);
 double ReadNumber(const TextReader& reader, std::string_view field);
 
+// The lines of a module input's bytes, without their CR LF ends.
+std::vector<std::string> SplitInputLines(std::string_view bytes);
+
 bool IsLeapYear(int year);
 int DaysInMonth(int year, int month);
 

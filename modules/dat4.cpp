@@ -9,20 +9,6 @@ namespace zelmo::modules {
 
 namespace {
 
-std::vector<std::string> SplitLines(std::string_view bytes) {
-  std::vector<std::string> lines;
-  size_t start = 0;
-  while (start < bytes.size()) {
-    size_t end = bytes.find('\n', start);
-    if (end == std::string_view::npos) end = bytes.size();
-    std::string line(bytes.substr(start, end - start));
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(std::move(line));
-    start = end + 1;
-  }
-  return lines;
-}
-
 std::vector<std::string_view> Tabs(std::string_view line) {
   std::vector<std::string_view> fields;
   size_t start = 0;
@@ -119,7 +105,7 @@ const std::array<double, kHvacColumns>* HvacVolume::Row(int month, int day, int 
 }
 
 Dat4 ParseDat4(const std::string& path, std::string_view bytes, int volumes) {
-  TextReader reader(path, SplitLines(bytes));
+  TextReader reader(path, SplitInputLines(bytes));
   Dat4 d;
   {
     auto first = ReadNumbers(reader, reader.ReadLine(), 5);

@@ -158,7 +158,10 @@ struct HeatBalance::State {
   std::vector<std::vector<double>> rhs, unit;
   std::vector<double> k, r, x0, x;
   std::vector<int> controlled, mode, held, ready;
-  DenseLu lu;
+  DenseLu lu, small;
+  std::vector<double> small_a, small_rhs;
+  std::vector<std::vector<double>> source;
+  std::vector<double> beta;  // per surface: the part of its sky at the sky's temperature
 };
 
 std::vector<HbFace> FacesOf(const HbModel& model, int volume) {
@@ -264,6 +267,9 @@ HeatBalance::HeatBalance(HbModel model) : state_(std::make_unique<State>()) {
   // matrix of the step is near banded.
   st.faces.resize(nv);
   st.air_port.assign(nv, -1);
+  for (const auto& surface : m.surfaces) {
+    st.beta.push_back(std::sqrt(std::max(0.0, 0.5 * (1 + std::cos(surface.tilt * kDegree)))));
+  }
   int index = 0;
   for (int v = 0; v < nv; ++v) {
     for (const auto& face : FacesOf(m, v)) {
@@ -324,7 +330,8 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
 
   // Sources of the hour, W per node: solar absorbed from outside, the
   // transmitted solar spread inside, the radiant part of the internal loads.
-  std::vector<std::vector<double>> source(ns);
+  auto& source = st.source;
+  source.resize(ns);
   std::vector<double> convective(nv, 0.0);
   HbResult result;
   result.volumes.assign(nv, {});
@@ -497,7 +504,7 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
             // The sky near the horizon radiates at about the air's
             // temperature: of the sky seen, the part beta at the sky's
             // temperature (Walton 1983).
-            double beta = std::sqrt(std::max(0.0, 0.5 * (1 + std::cos(surface.tilt * kDegree))));
+            const double beta = st.beta[s];
             co.front_sky[s] = surface.sky_view * beta *
                               RadiativeCoefficient(surface.emittance_front, t[0], t_sky);
             co.front_ground[s] = (surface.ground_view + surface.sky_view * (1 - beta)) *
@@ -725,7 +732,10 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
         }
         if (!held.empty()) {
           const int nh = static_cast<int>(held.size());
-          std::vector<double> a(static_cast<size_t>(nh) * nh), rhs(nh);
+          auto& a = st.small_a;
+          auto& rhs = st.small_rhs;
+          a.assign(static_cast<size_t>(nh) * nh, 0.0);
+          rhs.assign(nh, 0.0);
           for (int i = 0; i < nh; ++i) {
             int v = held[i];
             const auto& vh = hour.volumes[v];
@@ -737,7 +747,7 @@ HbResult HeatBalance::Hour(const HbHour& hour) {
             rhs[i] = target - t;
             for (int j = 0; j < nh; ++j) a[i * nh + j] = response(held[j])[air_index(v)];
           }
-          DenseLu small;
+          DenseLu& small = st.small;
           small.Factor(a, nh);
           small.Solve(rhs);
           for (int i = 0; i < nh; ++i) heat[held[i]] = rhs[i];
