@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 #include <numbers>
 
@@ -84,7 +85,10 @@ std::string FindClimateFile(const std::string& written, const std::string& case_
   if (Exists(turned)) return turned;
   // The program tree's Climate folder: the projects' folder lies beside it.
   std::string name = NameOf(turned);
-  std::string folder = case_folder;
+  // A relative case folder ("./") has its parents only as an absolute path.
+  std::error_code error;
+  std::string folder = FromFsPath(std::filesystem::absolute(ToFsPath(case_folder), error));
+  if (error) folder = case_folder;
   for (int up = 0; up < 4 && !name.empty(); ++up) {
     while (!folder.empty() && (folder.back() == '/' || folder.back() == '\\')) folder.pop_back();
     size_t cut = folder.find_last_of("/\\");
