@@ -1,5 +1,6 @@
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include "core/text_file.h"
 #include "modules/dane.h"
@@ -65,6 +66,15 @@ DaneResult ParseDaneResult(const std::string& path, const std::vector<std::strin
     if (v != std::floor(v) || v < low || v > high) reader.Fail("a count is out of range");
     return static_cast<int>(v);
   };
+  // The values of an hour as DaneResultLines writes them: no blanks.
+  auto value = [&](const std::string& text) {
+    char* end = nullptr;
+    double v = std::strtod(text.c_str(), &end);
+    if (text.empty() || end != text.c_str() + text.size() || !std::isfinite(v)) {
+      reader.Fail("\"" + text + "\" is no number");
+    }
+    return v;
+  };
   DaneResult r;
   auto head = fields(reader.ReadLine());
   if (head.size() != 6 || head[0] != "Dane") reader.Fail("the head of DANE's results is damaged");
@@ -100,10 +110,10 @@ DaneResult ParseDaneResult(const std::string& path, const std::vector<std::strin
     h.sky = ReadNumber(reader, f[5]);
     h.wind = ReadNumber(reader, f[6]);
     h.curtain = whole(f[7], 0, 1) == 1;
-    for (int s = 0; s < 3 * outside; ++s) h.surfaces.push_back(ReadNumber(reader, f[8 + s]));
-    for (size_t s = 0; s < window_values; ++s) {
-      h.windows.push_back(ReadNumber(reader, f[8 + 3 * outside + s]));
-    }
+    h.surfaces.reserve(3 * outside);
+    h.windows.reserve(window_values);
+    for (int s = 0; s < 3 * outside; ++s) h.surfaces.push_back(value(f[8 + s]));
+    for (size_t s = 0; s < window_values; ++s) h.windows.push_back(value(f[8 + 3 * outside + s]));
     r.hours.push_back(std::move(h));
   }
   if (!reader.AtEnd()) {
