@@ -25,7 +25,8 @@ constexpr double kModuleSeconds = 0.05;
 
 struct EightCases {
   EightCases() {
-    const std::string dist = ZELMO_BENCH_DIST_DIR;
+    // The stand-ins steered by STANDIN.INP: a module of known duration.
+    const std::string dist = ZELMO_BENCH_STANDIN_TREE;
     CopyFolderTree(dist + "/ZELMOPROJ/Example", dir / "Example");
     std::string cases;
     for (int n = 1; n <= kCases; ++n) {
@@ -37,7 +38,7 @@ struct EightCases {
     }
     testing::WriteBytes(dir / "Example/CASES.LIB", cases);
     settings.values["Zelmo-QRN/Project/SystemPath"] = dist;
-    program = JoinPath(dist, "zelmo");
+    program = JoinPath(ZELMO_BENCH_DIST_DIR, "zelmo");
   }
   testing::TempDir dir;
   testing::FakeSettings settings;

@@ -16,7 +16,8 @@ using testing::ReadBytes;
 using testing::WriteBytes;
 
 // A copy of the example project with its libraries in place, run with the
-// staged stand-in modules: the settings point at the staged program tree.
+// stand-in modules that STANDIN.INP steers: the settings point at the test
+// tree that stages them.
 struct ExampleRun {
   ExampleRun() {
     CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ/Example",
@@ -24,7 +25,7 @@ struct ExampleRun {
     for (const char* name : {"GASTP.INP", "GLASSTP.INP", "OPAQUE.LIB", "WNDTP.LIB"}) {
       RenamePath(dir / "Example/" + name + "_Temp", dir / "Example/" + name);
     }
-    settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_DIST_DIR");
+    settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_STANDIN_TREE");
   }
   int Run(const std::vector<std::string>& args) {
     out.str("");
@@ -70,6 +71,30 @@ TEST(CommandLine, RunsTheExampleThroughTheStandInsAndCommitsTheFlags) {
   EXPECT_FALSE(r.Case("DAT4.DAT").empty());
   EXPECT_EQ(r.Run({"list-cases", project}), kExitOk);
   EXPECT_EQ(r.out.str(), "case1\n");
+}
+
+TEST(CommandLine, ImportsAWeatherFileAsAClimateFile) {
+  ExampleRun r;
+  std::string epw =
+      "LOCATION,OSLO,-,NOR,IWEC,014920,59.9,10.6,1.0,94.0\r\nDESIGN CONDITIONS,0\r\n"
+      "TYPICAL/EXTREME PERIODS,0\r\nGROUND TEMPERATURES,0\r\nHOLIDAYS/DAYLIGHT SAVINGS,No\r\n"
+      "COMMENTS 1,\r\nCOMMENTS 2,\r\nDATA PERIODS,1,1,Data,Sunday, 1/1,1/1\r\n";
+  for (int h = 1; h <= 24; ++h) {
+    epw += "2001,1,1," + std::to_string(h) +
+           ",60,x,-3,-6,80,99000,0,0,250,0,0,0,0,0,0,0,90,2,8,8,5,9999,9,999999999,0,0.1,0,88,"
+           "0.2,999,99\r\n";
+  }
+  WriteBytes(r.dir / "oslo.epw", epw);
+  EXPECT_EQ(r.Run({"import-climate", r.dir / "oslo.epw", r.dir / "Oslo.CLI"}), kExitOk);
+  EXPECT_EQ(r.out.str(), r.dir / "Oslo.CLI" +
+                             ": 24 hours from 2001.01.01 to 2001.01.01\n"
+                             "Latitude 59.9, longitude 10.6, time meridian 15, elevation 94 m\n");
+  WriteBytes(r.dir / "oslo.epw", epw.substr(0, epw.size() - 60));
+  EXPECT_EQ(r.Run({"import-climate", r.dir / "oslo.epw", r.dir / "Cut.CLI"}), kExitFailed);
+  EXPECT_EQ(r.err.str(), "zelmo: This hour has 16 fields instead of 35 " + r.dir / "oslo.epw" +
+                             ", line 32; nothing is written\n");
+  EXPECT_FALSE(FileCanOpen(r.dir / "Cut.CLI"));
+  EXPECT_EQ(r.Run({"import-climate", r.dir / "oslo.epw"}), kExitUsage);
 }
 
 TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {

@@ -16,13 +16,14 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "libraries/window_library_export.h"
-#include "libraries/window_library_reader.h"
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
+#include "modules/glazing_library.h"
 #include "simulation/modules.h"
 #include "simulation/results_summary.h"
 #include "simulation/run_plan.h"
 #include "simulation/side_by_side.h"
+#include "site/climate_import.h"
 #include "workspace/case_store.h"
 #include "workspace/startup.h"
 
@@ -315,7 +316,7 @@ int WindowProperties(Context& c, const std::vector<std::string>& args) {
     row("type", "name", "U", "g", "Tsol");
     bool failed = false;
     const std::string library_path = JoinPath(ws.ProjectPath, kWindowLibraryFile);
-    const WindowLibrary library = ReadWindowLibrary(library_path);
+    const WindowLibrary library = modules::ReadWindowLibrary(library_path);
     for (int number : numbers) {
       const std::string name = TrimBlanks(table.Cell(number, 1));
       const WindowOutcome outcome = WindowPropertiesIn(library, library_path, number);
@@ -334,6 +335,19 @@ int WindowProperties(Context& c, const std::vector<std::string>& args) {
     c.Err(OneLine(error.UserText()));
     return kExitFailed;
   }
+}
+
+// An EnergyPlus weather file made a climate file, as the screen that moves
+// climate files does it.
+int ImportClimate(Context& c, const std::vector<std::string>& args) {
+  if (args.size() != 2) return Usage(c, "give a weather file (.epw) and the climate file to write");
+  const ClimateImportOutcome outcome = ImportClimateFile(args[0], args[1]);
+  if (!outcome.written) {
+    c.Err("zelmo: " + OneLine(outcome.fault) + "; nothing is written");
+    return kExitFailed;
+  }
+  for (const std::string& line : outcome.report) c.Out(line);
+  return kExitOk;
 }
 
 const std::vector<Command>& Commands() {
@@ -356,6 +370,10 @@ const std::vector<Command>& Commands() {
        "write Wndw.Lib for the project, then print U (W/m2,K), g and Tsol of the window\n"
        "      type, or of each, at the centre of the glazing (EN 673, EN 410)",
        WindowProperties},
+      {"import-climate", "<file.epw> <file.CLI>",
+       "write an EnergyPlus weather file as a climate file; tells its hours, period,\n"
+       "      place and the values the weather file lacks",
+       ImportClimate},
   };
   return commands;
 }

@@ -26,8 +26,8 @@ std::string WhyNotReal(const std::string& dist) {
   if (muk->find("stand-in calculation module") != std::string::npos) {
     return "TZELMO/MUK.EXE is the stand-in, which computes nothing";
   }
-  if (!FileCanOpen(JoinPath(dist, std::string("Climate/") + kBestestClimateFile))) {
-    return std::string("the Denver climate file Climate/") + kBestestClimateFile +
+  if (!FileCanOpen(JoinPath(dist, std::string("Climate/") + kExampleClimateFile))) {
+    return std::string("the Denver climate file Climate/") + kExampleClimateFile +
            " is not in the program tree";
   }
   return "";
@@ -43,8 +43,8 @@ TEST(Validation, TheNineCasesLieInsideTheReferenceProgramsRange) {
   testing::TempDir dir;
   const std::string project = dir / "bestest";
   ASSERT_TRUE(CopyFolderTree(source + "/system/tree/ZELMOPROJ/bestest", project));
-  const std::string climate = dir / kBestestClimateFile;
-  ASSERT_TRUE(CopyFileOver(JoinPath(dist, std::string("Climate/") + kBestestClimateFile), climate));
+  const std::string climate = dir / kExampleClimateFile;
+  ASSERT_TRUE(CopyFileOver(JoinPath(dist, std::string("Climate/") + kExampleClimateFile), climate));
   const std::string reference_file = source + "/docs/validation/reference.csv";
   const ReferenceTable reference =
       ParseReference(reference_file, ReadAllBytes(reference_file).value_or(""));

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "fuzz/fuzz_case.h"
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 #include "tools/trvshow/model/scene.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

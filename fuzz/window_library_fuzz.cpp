@@ -8,9 +8,9 @@
 #include "libraries/gas_lib.h"
 #include "libraries/glass_lib.h"
 #include "libraries/window_library_export.h"
-#include "libraries/window_library_reader.h"
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
+#include "modules/glazing_library.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ void Put(zelmo::fuzz::FuzzCase& c, const char* name, const std::string& bytes) {
 }
 
 void EveryType(zelmo::TextReader& reader) {
-  const zelmo::WindowLibrary library = zelmo::ReadWindowLibrary(reader);
+  const zelmo::WindowLibrary library = zelmo::modules::ReadWindowLibrary(reader);
   for (int window = 0; window <= static_cast<int>(library.windows.size()) + 1; ++window) {
     zelmo::WindowPropertiesIn(library, reader.path(), window);
   }

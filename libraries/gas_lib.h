@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "libraries/library_rules.h"
+#include "modules/glazing_library.h"
 
 namespace zelmo {
 
 struct Workspace;
 
 inline constexpr const char* kGasTypesFile = "Gastp.INP";
-inline constexpr int kMaxGasTypes = 10;
+inline constexpr int kMaxGasTypes = modules::kMaxGasTypes;
 inline constexpr int kGasFields = 9;
 
 // Rows 1 to 10, columns 1 to 12 of which 1 to 9 are used: the name, then

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "libraries/library_rules.h"
+#include "modules/glazing_library.h"
 
 namespace zelmo {
 
@@ -17,8 +18,8 @@ struct Workspace;
 
 inline constexpr const char* kGlassTypesFile = "Glasstp.INP";
 inline constexpr const char* kGlassLibFile = "GLASS.LIB";
-inline constexpr int kMaxGlassTypes = 40;
-inline constexpr int kMaxAngles = 11;
+inline constexpr int kMaxGlassTypes = modules::kMaxGlassTypes;
+inline constexpr int kMaxAngles = modules::kMaxAngles;
 inline constexpr int kGlassNameLength = 30;
 inline constexpr int kGlassColumns = 53;
 // Columns of a glass: 1 name, 2 and 3 the emittances, 4 the data type, 5 to 7

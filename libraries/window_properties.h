@@ -11,7 +11,10 @@
 namespace zelmo {
 
 struct Workspace;
+namespace modules {
 struct WindowLibrary;
+}
+using modules::WindowLibrary;
 
 inline constexpr const char* kExchangeFile = "UGFile.txt";
 

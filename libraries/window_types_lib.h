@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "libraries/library_rules.h"
+#include "modules/glazing_library.h"
 
 namespace zelmo {
 
@@ -16,8 +17,8 @@ struct Workspace;
 
 inline constexpr const char* kWindowTypesFile = "Wndtp.LIB";
 inline constexpr const char* kWindsLibFile = "WINDS.LIB";
-inline constexpr int kMaxWindowTypes = 40;
-inline constexpr int kMaxPanes = 5;
+inline constexpr int kMaxWindowTypes = modules::kMaxWindowTypes;
+inline constexpr int kMaxPanes = modules::kMaxPanes;
 inline constexpr int kWindowNameLength = 30;
 inline constexpr int kWindowColumns = 20;
 

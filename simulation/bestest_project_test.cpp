@@ -53,7 +53,7 @@ class BestestProject : public StoreTest {
   }
   std::string Root() { return dir / "ZELMOPROJ"; }
   std::string Project() { return JoinPath(Root(), kBestestProject); }
-  std::string Denver() { return JoinPath(dir / "Climate", kBestestClimateFile); }
+  std::string Denver() { return JoinPath(dir / "Climate", kExampleClimateFile); }
   // Every file of the project with its bytes.
   std::map<std::string, std::string> Files() {
     std::map<std::string, std::string> files;
@@ -78,7 +78,7 @@ TEST_F(BestestProject, TheCasesAreRegisteredAndPointAtTheDenverYearOnceActivated
   // Before activation the path a default Windows installation has.
   const std::string site = JoinPath(Project(), "c600/Site.inp");
   EXPECT_NE(
-      ReadBytes(site).find(std::string("\r\nC:\\Zelmo\\Climate\\") + kBestestClimateFile + "\r\n"),
+      ReadBytes(site).find(std::string("\r\nC:\\Zelmo\\Climate\\") + kExampleClimateFile + "\r\n"),
       std::string::npos);
   const auto before = Files();
   ActivateDemoProject(fake.session, main);

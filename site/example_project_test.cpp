@@ -28,7 +28,10 @@ class ExampleProject : public StoreTest {
     CreateFolderTree(ws().ThermalDirectory);
     const char* source = std::getenv("ZELMO_SOURCE_DIR");
     EXPECT_NE(source, nullptr);
-    if (source) CopyFolderTree(std::string(source) + "/system/tree/ZELMOPROJ", Root());
+    if (source) {
+      CopyFolderTree(std::string(source) + "/system/tree/ZELMOPROJ", Root());
+      CopyFolderTree(std::string(source) + "/system/tree/Climate", dir / "Climate");
+    }
   }
   std::string Root() { return dir / "ZELMOPROJ"; }
   std::string Example(const std::string& name) { return JoinPath(Root() + "/Example", name); }
@@ -43,14 +46,16 @@ TEST_F(ExampleProject, ActivatesOpensAndEveryScreenKeepsItsFiles) {
                 {"The demo project is successfully activated", mb::kInformation, "Project Example"},
                 {"The demo project is already active", mb::kInformation, "Project Example"}}));
   fake.dialogs.Clear();
-  const std::string climate = JoinPath(Root(), "StockholmW(SE).cli");
-  EXPECT_TRUE(Exists(climate) && !Exists(climate + "_Temp"));
+  const std::string parked = JoinPath(Root(), "StockholmW(SE).cli");
+  EXPECT_TRUE(Exists(parked) && !Exists(parked + "_Temp"));
+  // The example runs with the Denver year the program tree ships.
+  const std::string climate = JoinPath(dir / "Climate", "DenverCO(US).CLI");
   for (const auto& name : Words("GASTP.INP GLASSTP.INP OPAQUE.LIB WNDTP.LIB")) {
     EXPECT_TRUE(Exists(Example(name)) && !Exists(Example(name + "_Temp"))) << name;
   }
   // Only the climate line of the site file changes.
   std::string expected = site_before;
-  const size_t start = expected.find("C:\\");
+  const size_t start = expected.find("Climate/");
   expected.replace(start, expected.find("\r\n", start) - start, climate);
   EXPECT_EQ(ReadBytes(Example("Case1/Site.inp")), expected);
   EXPECT_FALSE(Exists(Example("Case1/SiteX.inp")));
@@ -79,6 +84,12 @@ TEST_F(ExampleProject, ActivatesOpensAndEveryScreenKeepsItsFiles) {
   EXPECT_TRUE(site.Wind.visible);
   EXPECT_EQ(site.Winddata.caption, "Hourly wind data is used in HVAC-calculations");
   EXPECT_TRUE(site.CheckSite());
+  EXPECT_EQ(site.Latitude.text + "|" + site.Longitude.text + "|" + site.Timem.text,
+            "39.83|-104.65|-105");
+  const ClimateDates year = ReadClimateDates(fake.dialogs, climate);
+  EXPECT_EQ(year.first_year + year.first_month + year.first_day + "-" + year.last_year +
+                year.last_month + year.last_day,
+            "19950101-19951231");
   EXPECT_EQ(site.Latitude.text + "|" + site.Longitude.text + "|" + site.Timem.text,
             ReadClimateKey(fake.dialogs, climate, ClimateKey::kLatitude) + "|" +
                 ReadClimateKey(fake.dialogs, climate, ClimateKey::kLongitude) + "|" +
@@ -111,6 +122,12 @@ TEST_F(ExampleProject, ActivatesOpensAndEveryScreenKeepsItsFiles) {
   }
   EXPECT_TRUE(fake.dialogs.messages.empty()) << fake.dialogs.Last().text;
   for (const auto& [name, bytes] : before) EXPECT_EQ(ReadBytes(Example("Case1/" + name)), bytes);
+}
+
+TEST_F(ExampleProject, WithoutTheShippedClimateFileTheParkedOneIsTaken) {
+  DeleteFile(JoinPath(dir / "Climate", "DenverCO(US).CLI"));
+  ActivateDemoProject(fake.session, main);
+  EXPECT_EQ(ReadAllLines(Example("Case1/Site.inp"))->at(4), JoinPath(Root(), "StockholmW(SE).cli"));
 }
 
 TEST_F(ExampleProject, WithoutTheExampleNothingHappens) {

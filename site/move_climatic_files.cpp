@@ -1,15 +1,21 @@
 #include "site/move_climatic_files.h"
 
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
 #include "core/file_system.h"
 #include "core/form_helpers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "site/climate_import.h"
 
 namespace zelmo {
 
 namespace {
 
 constexpr int kMoveHelpContext = 12141;
+constexpr const char* kImportTitle = "Import of weather file";
 
 }  // namespace
 
@@ -22,6 +28,8 @@ MoveClimaticFiles::MoveClimaticFiles(Session& session)
   Label1.caption = "Climatic data files to be moved";
   Label2.caption = "Selected directory";
   Copy.caption = "Move";
+  ImportEpw.caption = "&Import EPW...";
+  ImportEpw.tool_tip = "Make a climatic data file of an EnergyPlus weather file (.epw)";
   Ok.caption = "Close";
   Help.caption = "&Help";
   cancel_button = "Ok";
@@ -34,6 +42,7 @@ MoveClimaticFiles::MoveClimaticFiles(Session& session)
     DirOpened();
   };
   Copy.on_click = [this] { Move(); };
+  ImportEpw.on_click = [this] { ImportWeatherFile(); };
   Ok.on_click = [this] { Unload(); };
   Help.on_click = [this] { HelpClick(); };
 }
@@ -76,7 +85,10 @@ void MoveClimaticFiles::Move() {
   bool copied = FolderExists(target) || CreateFolderTree(target);
   {
     BusyPointer busy(dialogs);
-    for (size_t i = 0; copied && i < File1.items.size(); ++i) {
+    // Files shown from the climate folder itself are there already.
+    std::error_code ec;
+    const bool same = std::filesystem::equivalent(ToFsPath(lists_.folder()), ToFsPath(target), ec);
+    for (size_t i = 0; copied && !same && i < File1.items.size(); ++i) {
       std::string name = File1.items[i];
       while (!name.empty() && name.back() == ' ') name.pop_back();
       copied = CopyFileOver(JoinPath(lists_.folder(), name), JoinPath(target, name));
@@ -90,6 +102,44 @@ void MoveClimaticFiles::Move() {
     dialogs.MsgBox("Some problems occurred when moving, no files are moved", mb::kExclamation,
                    "Error message");
   }
+}
+
+void MoveClimaticFiles::ImportWeatherFile() {
+  Dialogs& dialogs = *session_.dialogs;
+  FileChoice choice;
+  choice.title = "Import an EnergyPlus weather file";
+  choice.folder = lists_.folder();
+  choice.filters = {kWeatherFilePattern};
+  std::optional<std::string> epw = dialogs.ChooseFile(choice);
+  if (!epw) return;
+  const std::string target = ClimateFolder();
+  if (!FolderExists(target) && !CreateFolderTree(target)) {
+    dialogs.MsgBox("The climate folder cannot be made\r" + target, mb::kExclamation,
+                   "Error message");
+    return;
+  }
+  const std::string cli = ClimateFileFor(*epw, target);
+  if (FileCanOpen(cli) &&
+      dialogs.MsgBox("The climatic data file " + cli + " exists. Replace it?",
+                     mb::kYesNo | mb::kQuestion, kImportTitle) != Answer::kYes) {
+    return;
+  }
+  ClimateImportOutcome outcome;
+  {
+    BusyPointer busy(dialogs);
+    outcome = ImportClimateFile(*epw, cli);
+  }
+  if (!outcome.written) {
+    dialogs.MsgBox(outcome.fault + "\rNo climatic data file is written.", mb::kExclamation,
+                   "Error message");
+    return;
+  }
+  // The new file shows in the list of the climate folder.
+  lists_.SetFolder(target);
+  ShowFolder();
+  std::string text;
+  for (const std::string& line : outcome.report) text += line + "\r";
+  dialogs.MsgBox(text, mb::kInformation, kImportTitle);
 }
 
 void MoveClimaticFiles::HelpClick() {

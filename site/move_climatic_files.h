@@ -22,6 +22,9 @@ class MoveClimaticFiles : public Form {
   void DirOpened();
   // Copies every file of the list into `SystemPath`/Climate.
   void Move();
+  // Asks for an EnergyPlus weather file, writes it as a climate file into
+  // the climate folder under its own name and shows that folder.
+  void ImportWeatherFile();
   void HelpClick();
 
   // Where the files go.
@@ -36,6 +39,7 @@ class MoveClimaticFiles : public Form {
   Label Label2{this, "Label2"};
   Label Selecteddirectory{this, "Selecteddirectory"};
   Button Copy{this, "Copy"};
+  Button ImportEpw{this, "ImportEpw"};
   Button Ok{this, "Ok"};
   Button Help{this, "Help"};
 

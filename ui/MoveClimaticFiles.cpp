@@ -38,7 +38,7 @@ void BuildMoveClimaticFiles(Form&, QDialog& dialog, Session&) {
   root->addWidget(selected);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  for (const char* name : {"Copy", "Ok", "Help"}) {
+  for (const char* name : {"ImportEpw", "Copy", "Ok", "Help"}) {
     auto* button = Named<QPushButton>(&dialog, name);
     button->setAutoDefault(false);
     buttons->addWidget(button);

@@ -31,7 +31,8 @@ struct ExampleProject {
       RenamePath(dir / "Example/" + name + "_Temp", dir / "Example/" + name);
     }
     Workspace& ws = fake.ws();
-    ws.ProgramDirectory = std::getenv("ZELMO_DIST_DIR");
+    // The stand-in modules, which STANDIN.INP steers.
+    ws.ProgramDirectory = std::getenv("ZELMO_STANDIN_TREE");
     ws.ThermalDirectory = JoinPath(ws.ProgramDirectory, "TZELMO");
     ws.ProjectName = "Example";
     ws.ProjectPath = dir / "Example";

@@ -49,8 +49,8 @@ using testing::WriteBytes;
 struct ModuleRun {
   ModuleRun() {
     TestApp();
-    const char* dist = std::getenv("ZELMO_DIST_DIR");
-    EXPECT_TRUE(dist) << "ZELMO_DIST_DIR names the staged program tree";
+    const char* dist = std::getenv("ZELMO_STANDIN_TREE");
+    EXPECT_TRUE(dist) << "ZELMO_STANDIN_TREE names the tree of the stand-in modules";
     session.processes = &runner;
     session.ws.ThermalDirectory = JoinPath(dist ? dist : "", "TZELMO");
     session.ws.CasePath = dir / "my project/case 1";

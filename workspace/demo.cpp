@@ -37,18 +37,21 @@ void Activate(Session& session, StartForm& main) {
   }
   if (!RenamePath(parked_climate, climate)) return;
 
-  // The site file gets the climate file's path where it stands now.
+  // The site file gets the path of the example's climate file where it
+  // stands in this tree; the parked file, a header without hours, only
+  // when the tree lacks it.
+  const std::string shipped =
+      JoinPath(JoinPath(session.ws.SystemPath, "Climate"), kExampleClimateFile);
+  const std::string site_climate = FileCanOpen(shipped) ? shipped : climate;
   const std::string project = JoinPath(root, "Example");
-  if (!PointSiteAtClimate(JoinPath(project, "Case1"), climate)) return;
-  // The validation cases read the Denver year of the program's Climate
+  if (!PointSiteAtClimate(JoinPath(project, "Case1"), site_climate)) return;
+  // The validation cases read the same Denver year of the program's Climate
   // folder; the project is left out where a user has deleted it.
   const std::string bestest = JoinPath(root, kBestestProject);
   if (auto cases = ReadAllLines(JoinPath(bestest, "CASES.LIB"))) {
-    const std::string denver =
-        JoinPath(JoinPath(session.ws.SystemPath, "Climate"), kBestestClimateFile);
     for (const std::string& line : *cases) {
       const std::string name = ToLower(TrimBlanks(FieldBefore(line, " -")));
-      if (!name.empty() && !PointSiteAtClimate(JoinPath(bestest, name), denver)) return;
+      if (!name.empty() && !PointSiteAtClimate(JoinPath(bestest, name), shipped)) return;
     }
   }
 

@@ -20,6 +20,7 @@ void SetIfUnset(const char* name, const char* value) {
 
 int main(int argc, char** argv) {
   SetIfUnset("ZELMO_DIST_DIR", ZELMO_DEFAULT_DIST_DIR);
+  SetIfUnset("ZELMO_STANDIN_TREE", ZELMO_DEFAULT_STANDIN_TREE);
   SetIfUnset("ZELMO_SOURCE_DIR", ZELMO_DEFAULT_SOURCE_DIR);
   SetIfUnset("QT_QPA_PLATFORM", "offscreen");
   ::testing::InitGoogleTest(&argc, argv);

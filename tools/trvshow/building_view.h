@@ -14,7 +14,7 @@
 #include <optional>
 #include <vector>
 
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 #include "tools/trvshow/model/scene.h"
 
 namespace zelmo::trvshow {

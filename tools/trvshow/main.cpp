@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "core/text_file.h"
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 #include "tools/trvshow/viewer_window.h"
 
 int main(int argc, char** argv) {

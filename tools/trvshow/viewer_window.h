@@ -11,7 +11,7 @@
 #include <string>
 
 #include "tools/trvshow/building_view.h"
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 
 namespace zelmo::trvshow {
 

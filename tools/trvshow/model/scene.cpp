@@ -6,112 +6,33 @@
 
 namespace zelmo::trvshow {
 
-Vec3 operator+(Vec3 a, Vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-Vec3 operator-(Vec3 a, Vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-Vec3 operator*(double s, Vec3 a) { return {s * a.x, s * a.y, s * a.z}; }
-double Dot(Vec3 a, Vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-Vec3 Cross(Vec3 a, Vec3 b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-namespace {
-
-double Radians(double degrees) { return degrees * std::numbers::pi / 180; }
-
-// Sines and cosines of whole multiples of 90 degrees come out exact, so that
-// a level element lies exactly level.
-double Sin(double degrees) {
-  double quarter = degrees / 90;
-  if (quarter == std::round(quarter)) {
-    static constexpr double kSines[] = {0, 1, 0, -1};
-    return kSines[((static_cast<long long>(quarter) % 4) + 4) % 4];
-  }
-  return std::sin(Radians(degrees));
-}
-double Cos(double degrees) { return Sin(degrees + 90); }
-
-}  // namespace
-
-std::vector<PlanePoint> ShapeOutline(int shape, const std::array<double, 6>& dims) {
-  const auto [a, b, c, d, e, f] = dims;
-  switch (shape) {
-    case 2:
-      return {{0, 0}, {a, 0}, {b, c}};
-    case 4:
-      return {{0, 0}, {a, 0}, {b, c}, {d, e}};
-    case 5:
-      // The base is B here, and A the second point's offset.
-      return {{0, 0}, {b, 0}, {a, e}, {c, f}, {d, f}};
-    default:
-      return {{0, 0}, {a, 0}, {a, b}, {0, b}};
-  }
-}
-
-std::vector<PlanePoint> HoleOutline(const std::array<double, 6>& dims) {
-  const auto [a, b, c, d, e, f] = dims;
-  return {{d, c}, {f, c}, {f, e}, {d, e}};
-}
-
-Frame ElementFrame(double zenith, double azimuth) {
-  const double sz = Sin(zenith), cz = Cos(zenith), sa = Sin(azimuth), ca = Cos(azimuth);
-  Frame frame;
-  frame.front = {sz * sa, sz * ca, cz};
-  frame.base = sz == 0 ? Vec3{ca, -sa, 0} : Vec3{-ca, sa, 0};
-  frame.up = Cross(frame.front, frame.base);
-  return frame;
-}
-
 Facing FacingOf(const Dat1Element& el) {
-  if (el.main == Part::kShadingScreen) return Facing::kShadingScreen;
+  if (el.main.construction == modules::Part::kShadingScreen) return Facing::kShadingScreen;
   if (el.front < 0 || el.back < 0) return Facing::kGround;
   if (el.front == 0 || el.back == 0) return Facing::kOutdoor;
   return Facing::kBetweenVolumes;
 }
 
-namespace {
-
-std::vector<Vec3> InSpace(const std::vector<PlanePoint>& points, Vec3 corner, const Frame& f) {
-  std::vector<Vec3> out;
-  out.reserve(points.size());
-  for (const PlanePoint& p : points) out.push_back(corner + p.along * f.base + p.up * f.up);
-  return out;
-}
-
-Vec3 Mean(const std::vector<Vec3>& points) {
-  Vec3 sum;
-  for (const Vec3& p : points) sum = sum + p;
-  return points.empty() ? sum : (1.0 / static_cast<double>(points.size())) * sum;
-}
-
-}  // namespace
-
 std::vector<Face> BuildFaces(const Dat1Building& building) {
   std::vector<Face> faces;
-  for (size_t k = 0; k < building.elements.size(); ++k) {
-    const Dat1Element& el = building.elements[k];
-    const Frame frame = ElementFrame(el.zenith, el.azimuth);
-    const Vec3 corner{el.x, el.y, el.z};
+  for (const modules::Surface& surface : modules::BuildSurfaces(building)) {
+    const Dat1Element& el = building.elements[surface.element];
+    // A hole with nothing in it is left open.
+    if (surface.in_hole && surface.kind == modules::SurfaceKind::kOpening) continue;
     Face face;
-    face.element = k;
-    face.outline = InSpace(ShapeOutline(el.shape, el.dims), corner, frame);
-    face.front = frame.front;
-    face.centre = Mean(face.outline);
-    face.facing = FacingOf(el);
-    face.glass = el.main_window;
-    if (el.shape == 3) face.hole = InSpace(HoleOutline(el.dims), corner, frame);
-    face.pane_follows = el.shape == 3 && (el.hole != Part::kNone || el.hole_window);
-    faces.push_back(face);
-    if (face.pane_follows) {
-      Face pane = face;
-      pane.pane_follows = false;
-      pane.hole_pane = true;
-      pane.outline = face.hole;
-      pane.hole.clear();
-      pane.centre = Mean(pane.outline);
-      pane.glass = el.hole_window;
-      if (el.hole == Part::kShadingScreen) pane.facing = Facing::kShadingScreen;
-      faces.push_back(pane);
+    face.element = surface.element;
+    face.hole_pane = surface.in_hole;
+    face.outline = surface.outline;
+    face.hole = surface.hole;
+    face.front = surface.normal;
+    face.centre = modules::Mean(face.outline);
+    face.facing = surface.kind == modules::SurfaceKind::kShadingScreen ? Facing::kShadingScreen
+                                                                       : FacingOf(el);
+    face.glass = surface.kind == modules::SurfaceKind::kWindow;
+    if (!face.hole_pane && !face.hole.empty()) {
+      face.pane_follows = el.hole.construction != modules::Part::kNone || el.hole.window;
     }
+    faces.push_back(face);
   }
   return faces;
 }
@@ -141,6 +62,7 @@ void Camera::Turn(double yaw_degrees, double pitch_degrees) {
 void Camera::ZoomBy(double factor) { zoom = std::clamp(zoom * factor, kMinZoom, kMaxZoom); }
 
 namespace {
+double Radians(double degrees) { return degrees * std::numbers::pi / 180; }
 // The eye stands this many radii from the centre: near enough for depth to
 // show, far enough that the nearest corner is not stretched.
 constexpr double kEyeDistance = 3.5;

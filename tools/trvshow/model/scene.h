@@ -2,14 +2,7 @@
 // space by its shape, its lower left corner, its zenith and its azimuth, and
 // the view of it from a camera that turns about the building.
 //
-// Space: x to the east, y to the north, z up, in metres. An element's
-// outline is given along its base and up the element from the lower left
-// corner as seen from its front side. The front side faces the azimuth
-// (0 north, 90 east, 180 south, 270 west) tilted by the zenith (0 up, 90
-// level, 180 down); the base runs level, to the right as seen from the
-// front. An element lying flat has no facing direction; there the azimuth
-// turns the base, which runs east at 0 with the element's height going
-// north on a roof and south on a floor, as a plan shows them.
+// The elements' geometry is the modules' own (modules/geometry.h).
 #pragma once
 
 #include <array>
@@ -17,37 +10,23 @@
 #include <string>
 #include <vector>
 
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
+#include "modules/geometry.h"
 
 namespace zelmo::trvshow {
 
-struct Vec3 {
-  double x = 0, y = 0, z = 0;
-};
-Vec3 operator+(Vec3 a, Vec3 b);
-Vec3 operator-(Vec3 a, Vec3 b);
-Vec3 operator*(double s, Vec3 a);
-double Dot(Vec3 a, Vec3 b);
-Vec3 Cross(Vec3 a, Vec3 b);
-
-// A point in an element's own plane: along the base, up the element.
-struct PlanePoint {
-  double along = 0, up = 0;
-  bool operator==(const PlanePoint&) const = default;
-};
-
-// The outline of a shape (code 1 to 5) from the dimensions A to F, walked
-// from the lower left corner; shape 3 is the rectangle round its hole.
-std::vector<PlanePoint> ShapeOutline(int shape, const std::array<double, 6>& dims);
-// The hole of shape 3: from D to F along the base, from C to E upwards.
-std::vector<PlanePoint> HoleOutline(const std::array<double, 6>& dims);
-
-// An element's directions in space: along its base, up it, and out of its
-// front side; each of length 1.
-struct Frame {
-  Vec3 base, up, front;
-};
-Frame ElementFrame(double zenith, double azimuth);
+using modules::Cross;
+using modules::Dat1Building;
+using modules::Dat1Element;
+using modules::Dot;
+using modules::ElementFrame;
+using modules::Frame;
+using modules::HoleOutline;
+using modules::ParseDat1;
+using modules::PlanePoint;
+using modules::ReadCaseDat1;
+using modules::ShapeOutline;
+using modules::Vec3;
 
 // What an element faces, which is its colour.
 enum class Facing { kOutdoor, kGround, kBetweenVolumes, kShadingScreen };

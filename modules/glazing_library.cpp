@@ -1,4 +1,4 @@
-#include "libraries/window_library_reader.h"
+#include "modules/glazing_library.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,11 +6,8 @@
 
 #include "core/numbers.h"
 #include "core/text_file.h"
-#include "libraries/gas_lib.h"
-#include "libraries/glass_lib.h"
-#include "libraries/window_types_lib.h"
 
-namespace zelmo {
+namespace zelmo::modules {
 
 namespace {
 
@@ -68,11 +65,23 @@ LibraryGlass ReadGlass(TextReader& reader) {
     const double rows = Val(reader.ReadLine());
     glass.angle_rows = rows >= 1 && rows <= kMaxAngles ? static_cast<int>(rows) : 0;
     // Three blocks of six places a row; row 1 is normal incidence.
-    double* first[3] = {&glass.tau, &glass.rho_front, &glass.rho_back};
-    for (double* value : first) {
+    glass.table.resize(static_cast<size_t>(glass.angle_rows));
+    double SolarFaces::*blocks[3] = {&SolarFaces::tau, &SolarFaces::rho_front,
+                                     &SolarFaces::rho_back};
+    for (auto block : blocks) {
       const std::string line = reader.ReadLine();
-      if (glass.angle_rows > 0 && line.size() < 6) reader.Fail("Angle row 1 missing");
-      *value = Number(line, 0, 6);
+      if (line.size() < 6 * static_cast<size_t>(glass.angle_rows)) {
+        reader.Fail("Angle rows missing");
+      }
+      for (int row = 0; row < glass.angle_rows; ++row) {
+        glass.table[static_cast<size_t>(row)].*block =
+            Number(line, 6 * static_cast<size_t>(row), 6);
+      }
+    }
+    if (!glass.table.empty()) {
+      glass.tau = glass.table[0].tau;
+      glass.rho_front = glass.table[0].rho_front;
+      glass.rho_back = glass.table[0].rho_back;
     }
   }
   Closing(reader);
@@ -122,6 +131,19 @@ LibraryWindow ReadWindow(TextReader& reader) {
   return window;
 }
 
+template <typename Entry>
+const Entry* Named(const std::vector<Entry>& entries, const std::string& name) {
+  for (const Entry& entry : entries) {
+    if (entry.name == name) return &entry;
+  }
+  return nullptr;
+}
+
+std::string WindowText(const WindowLibrary& library, int window) {
+  return "window type " + std::to_string(window) + " (" +
+         library.windows[static_cast<size_t>(window - 1)].name + ")";
+}
+
 }  // namespace
 
 WindowLibrary ReadWindowLibrary(const std::string& path) {
@@ -144,4 +166,75 @@ WindowLibrary ReadWindowLibrary(TextReader& reader) {
   return library;
 }
 
-}  // namespace zelmo
+std::optional<GlazingPane> PaneOf(const LibraryGlass& glass, bool reversed) {
+  GlazingPane pane;
+  pane.eps_front = glass.eps_front;
+  pane.eps_back = glass.eps_back;
+  pane.thickness_mm = kNominalPaneMm;
+  if (glass.type == "2") {
+    const auto slab = FresnelSlab(glass.thickness_mm, glass.refraction, glass.extinction);
+    if (!slab) return std::nullopt;
+    pane.solar = *slab;
+    pane.thickness_mm = glass.thickness_mm;
+  } else {
+    if (glass.type != "3" && glass.angle_rows < 1) return std::nullopt;
+    pane.solar = {glass.tau, glass.rho_front, glass.rho_back};
+  }
+  // Fractions that no glass can have would pass on into the whole.
+  if (!SoundFaces(pane.solar) || !(pane.eps_front >= 0 && pane.eps_front <= 1) ||
+      !(pane.eps_back >= 0 && pane.eps_back <= 1)) {
+    return std::nullopt;
+  }
+  if (reversed) {
+    std::swap(pane.eps_front, pane.eps_back);
+    std::swap(pane.solar.rho_front, pane.solar.rho_back);
+  }
+  return pane;
+}
+
+const LibraryGlass* GlassNamed(const WindowLibrary& library, const std::string& name) {
+  return Named(library.glasses, name);
+}
+
+const LibraryGas* GasNamed(const WindowLibrary& library, const std::string& name) {
+  return Named(library.gases, name);
+}
+
+std::string NoResultText(const WindowLibrary& library, int window) {
+  return "the panes and gaps of " + WindowText(library, window) + " give no result";
+}
+
+WindowGlazing GlazingOfWindow(const WindowLibrary& library, const std::string& path, int window) {
+  const std::string number = "window type " + std::to_string(window);
+  if (window < 1 || window > static_cast<int>(library.windows.size())) {
+    return {std::nullopt, GlazingFault::kNoType, number + " is not in " + path};
+  }
+  const LibraryWindow& type = library.windows[static_cast<size_t>(window - 1)];
+  const std::string which = WindowText(library, window);
+  if (type.panes.empty()) return {std::nullopt, GlazingFault::kNoPanes, which + " has no panes"};
+  Glazing glazing;
+  for (const LibraryPane& pane : type.panes) {
+    const LibraryGlass* glass = GlassNamed(library, pane.glass);
+    if (!glass) {
+      return {std::nullopt, GlazingFault::kNoGlass,
+              "glass type " + pane.glass + " of " + which + " is not in " + path};
+    }
+    const auto glazing_pane = PaneOf(*glass, pane.reversed);
+    if (!glazing_pane) {
+      return {std::nullopt, GlazingFault::kBadGlass,
+              "glass type " + pane.glass + " has no sound data at normal incidence"};
+    }
+    glazing.panes.push_back(*glazing_pane);
+  }
+  for (const LibraryGap& gap : type.gaps) {
+    const LibraryGas* gas = GasNamed(library, gap.gas);
+    if (!gas) {
+      return {std::nullopt, GlazingFault::kNoGas,
+              "gas type " + gap.gas + " of " + which + " is not in " + path};
+    }
+    glazing.gaps.push_back({gap.width_mm, gas->properties});
+  }
+  return {std::move(glazing), GlazingFault::kNone, ""};
+}
+
+}  // namespace zelmo::modules

@@ -1,4 +1,4 @@
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 
-namespace zelmo::trvshow {
+namespace zelmo::modules {
 namespace {
 
 std::string ExampleCase() {
@@ -23,13 +23,15 @@ TEST(Dat1File, TheExampleCaseAsTheSimulationWritesIt) {
   Dat1Building b = ReadCaseDat1(ExampleCase());
   EXPECT_EQ(b.headline, "Office room in Stockholm");
   EXPECT_EQ(b.volumes, 2);
+  EXPECT_EQ(b.fluids, (std::vector<double>{1, 1}));
+  EXPECT_EQ(b.advection, (std::vector<std::array<double, 2>>{{5, 1.88}}));
   ASSERT_EQ(b.elements.size(), 11u);
   std::string summary;
   for (const Dat1Element& el : b.elements) {
     summary += el.name + ":" + std::to_string(el.shape) + std::to_string(el.front) +
-               std::to_string(el.back) + "-ws"[static_cast<int>(el.main)] +
-               (el.main_window ? "W" : "") + "-ws"[static_cast<int>(el.hole)] +
-               (el.hole_window ? "W" : "") + " ";
+               std::to_string(el.back) + "-ws"[static_cast<int>(el.main.construction)] +
+               (el.main.window ? "W" : "") + "-ws"[static_cast<int>(el.hole.construction)] +
+               (el.hole.window ? "W" : "") + " ";
   }
   EXPECT_EQ(summary,
             "South 1:301w-W West 1:101w- North 1:101w- Floor 1:1-11w- Roof 1:101w- "
@@ -63,19 +65,36 @@ TEST(Dat1File, ShapesConstructionsWindowsAndOpenLines) {
                      bare_pentagon + hole;
   Dat1Building b = ParseDat1("DAT1.DAT", text);
   ASSERT_EQ(b.elements.size(), 4u);
-  EXPECT_EQ(b.elements[0].main, Part::kShadingScreen);
-  EXPECT_EQ(b.elements[0].shape, 2);
-  EXPECT_EQ(b.elements[1].main, Part::kNone);
-  EXPECT_TRUE(b.elements[1].main_window);
-  EXPECT_EQ(b.elements[1].azimuth, -30);
-  EXPECT_EQ(b.elements[1].z, 3);
-  EXPECT_EQ(b.elements[2].main, Part::kNone);
-  EXPECT_EQ(b.elements[2].dims, (std::array<double, 6>{1, 2, 3, 4, 5, 6}));
-  EXPECT_EQ(b.elements[3].name, "Holed wall");
-  EXPECT_EQ(b.elements[3].front, -1);
-  EXPECT_EQ(b.elements[3].main, Part::kWall);
-  EXPECT_EQ(b.elements[3].hole, Part::kShadingScreen);
-  EXPECT_TRUE(b.elements[3].hole_window);
+  const Dat1Element &screen = b.elements[0], &window = b.elements[1], &bare = b.elements[2],
+                    &holed = b.elements[3];
+  EXPECT_EQ(screen.main.construction, Part::kShadingScreen);
+  EXPECT_EQ(screen.shape, 2);
+  EXPECT_EQ(screen.main.absorptance_front, 0.3);
+  EXPECT_EQ(screen.main.absorptance_back, 0.45);  // its transmittance
+  EXPECT_EQ(window.main.construction, Part::kNone);
+  EXPECT_TRUE(window.main.window);
+  EXPECT_EQ(window.main.window_type, "7");
+  EXPECT_FALSE(window.main.curtain);
+  EXPECT_EQ(window.leakage, 0.5);
+  EXPECT_EQ(window.azimuth, -30);
+  EXPECT_EQ(window.z, 3);
+  EXPECT_EQ(window.texts, (std::array<std::string, 5>{"45.00", "-30.00", "1.00", "2.00", "3.00"}));
+  EXPECT_EQ(window.line, 6);
+  EXPECT_EQ(bare.main.construction, Part::kNone);
+  EXPECT_FALSE(bare.main.window);
+  EXPECT_EQ(bare.dims, (std::array<double, 6>{1, 2, 3, 4, 5, 6}));
+  EXPECT_EQ(holed.name, "Holed wall");
+  EXPECT_EQ(holed.line, 10);  // it begins on the pentagon's open line
+  EXPECT_EQ(holed.front, -1);
+  EXPECT_EQ(holed.main.construction, Part::kWall);
+  EXPECT_EQ(holed.main.wall, 3);
+  EXPECT_EQ(holed.main.emittance_front, 0.9);
+  EXPECT_EQ(holed.main.emittance_back, 0.9);
+  EXPECT_EQ(holed.hole.construction, Part::kShadingScreen);
+  EXPECT_EQ(holed.hole.absorptance_front, 0.2);
+  EXPECT_TRUE(holed.hole.window);
+  EXPECT_TRUE(holed.hole.curtain);
+  EXPECT_EQ(holed.hole.window_type, "4");
   // The last element may leave its line open at the end of the file.
   Dat1Building last = ParseDat1("DAT1.DAT", OneElement(bare_pentagon));
   EXPECT_EQ(last.elements.at(0).shape, 5);
@@ -104,6 +123,14 @@ TEST(Dat1File, DamageIsReportedWithTheFileAndTheLine) {
        "A number was expected in columns 31 to 40"},
       {OneElement(element + "   4.00   2.00\r\n"), 5, "The line ends before column 21"},
       {OneElement(element + geometry + "\r\nmore\r\n"), 6, "Text follows the last element"},
+      {OneElement(element + geometry + " 1.00 2.50 0.70 0.70 0.00    1.0000\r\n .9\r\n"), 5,
+       "The construction number must be a whole number from 0 to 99999"},
+      {OneElement(element + geometry + " 1.00 2.00 0.70 0.70 0.00    1.0000\r\n .9\r\n"), 6,
+       "Two emittances were expected on the line"},
+      {OneElement(element + geometry + " 1.00 2.00 0.70 0.70 0.00    1.0000\r\n .9 x\r\n"), 6,
+       "Two emittances were expected on the line"},
+      {"Head\r\n   2.00   0.00\r\n   1.00\r\n   1.00\r\n   0.00\r\n", 5,
+       "The line ends before column 14"},
   };
   for (const auto& row : rows) {
     try {
@@ -125,4 +152,4 @@ TEST(Dat1File, DamageIsReportedWithTheFileAndTheLine) {
 }
 
 }  // namespace
-}  // namespace zelmo::trvshow
+}  // namespace zelmo::modules

@@ -6,13 +6,17 @@
 #include <optional>
 #include <vector>
 
-namespace zelmo {
+namespace zelmo::modules {
 
 // Transmittance and the reflectances of the outdoor (front) and the room
 // (back) side, fractions at normal incidence. A pane transmits alike both ways.
 struct SolarFaces {
   double tau = 0, rho_front = 0, rho_back = 0;
 };
+
+// True for fractions a glass can have: each from 0 to 1, and the
+// transmittance with either reflectance not above 1.
+bool SoundFaces(const SolarFaces& faces);
 
 // A pane as it stands in the window, pane 1 outdoors: a reversed coating has
 // already swapped front and back.
@@ -70,12 +74,35 @@ struct SolarStack {
 };
 SolarStack CombinePanes(const std::vector<SolarFaces>& panes);
 
+// U (W/m2,K), g and the solar transmittance at normal incidence, and the
+// part of each pane's absorbed heat that flows to the room under the
+// conditions of g (its secondary heat transfer factor).
 struct GlazingResult {
   double u = 0, g = 0, tsol = 0;
+  std::vector<double> inward;
 };
 
 // Nothing when the data give no finite result (a gap of no width, a gas of
 // no viscosity, ...).
 std::optional<GlazingResult> ComputeGlazing(const Glazing& glazing);
 
-}  // namespace zelmo
+// The centre-of-glass U between outdoor and room air at the given
+// temperatures (C) and combined surface coefficients (W/m2,K): the panes'
+// temperatures follow from the heat flow through the series of surface,
+// glass and gap resistances, each gap's conductance at its faces'
+// temperatures (GapGasConductance plus GapRadiativeConductance), until
+// they settle. Nothing when the gaps give no finite conductance.
+std::optional<double> CentreU(const Glazing& glazing, double h_out, double h_in, double t_out,
+                              double t_in);
+
+// The heat balance of a gap at the temperatures of the two faces that bound
+// it (kelvin), for a module that follows the panes' temperatures: the gas's
+// conductance by the Nusselt number of a vertical layer (EN 673), at the
+// layer's mean temperature and the difference over it, and the radiative
+// conductance of two grey parallel faces,
+// sigma (T1^2 + T2^2) (T1 + T2) / (1/eps1 + 1/eps2 - 1). W/m2,K; nothing when
+// the gas data give none.
+std::optional<double> GapGasConductance(const GlazingGap& gap, double t1_kelvin, double t2_kelvin);
+double GapRadiativeConductance(double eps1, double eps2, double t1_kelvin, double t2_kelvin);
+
+}  // namespace zelmo::modules

@@ -1,4 +1,4 @@
-#include "tools/trvshow/model/dat1_file.h"
+#include "modules/dat1.h"
 
 #include <cmath>
 #include <string>
@@ -7,14 +7,9 @@
 #include "core/numbers.h"
 #include "core/text_file.h"
 
-namespace zelmo::trvshow {
+namespace zelmo::modules {
 
 namespace {
-
-// The limits of the system's design: a case has at most 8 volumes and 100
-// elements. A count beyond them is damage, not a larger building.
-constexpr int kMaxVolumes = 8;
-constexpr int kMaxElements = 100;
 
 // Widths of the fields of an element: its first line holds the name and
 // eight numbers, the geometry six, the lines of a construction or a window
@@ -83,12 +78,7 @@ class Cursor {
     if (!Rest().empty()) Fail("The line goes on after column " + std::to_string(Column() - 1));
     NextLine();
   }
-  // A line whose text the viewer does not need; it must be there.
-  void SkipLine() {
-    if (AtEnd()) Fail("The file ends too early");
-    pos_ += Rest().size();
-    NextLine();
-  }
+  void SkipLine() { Line(); }
   std::string Line() {
     if (AtEnd()) Fail("The file ends too early");
     std::string text(Rest());
@@ -106,7 +96,12 @@ class Cursor {
     first = Val(text);
     return true;
   }
-  [[noreturn]] void Fail(const std::string& what) const { throw FileError(path_, line_, what); }
+  std::string_view Peek(size_t width) const { return Rest().substr(0, width); }
+  int LineNumber() const { return line_; }
+  // Fails at the current line, or `offset` lines from it.
+  [[noreturn]] void Fail(const std::string& what, int offset = 0) const {
+    throw FileError(path_, line_ + offset, what);
+  }
 
  private:
   size_t Column() const { return pos_ - line_start_ + 1; }
@@ -124,65 +119,73 @@ class Cursor {
   int line_ = 1;
 };
 
-// The numbers of a block: five narrow ones, on the main part the leakage
-// behind them. Returns the first, which says what the block is.
-double ReadBlock(Cursor& in, bool leakage) {
-  double first = in.Number(kCodeField);
-  for (int k = 1; k < 5; ++k) in.Number(kCodeField);
-  if (leakage) in.Number(kWideField);
+// A block of five narrow numbers, on the main part the leakage behind them:
+// a construction (0 a shading screen, 1 a wall, then its number and the two
+// absorptances) or a window (6, 1, 0, 0, then 1 when it has a curtain). A
+// wall's emittances follow on a line of their own, a window's type too.
+void ReadBlock(Cursor& in, Dat1Part& part, double* leakage) {
+  double values[5];
+  for (double& value : values) value = in.Number(kCodeField);
+  if (leakage) *leakage = in.Number(kWideField);
   in.EndLine();
-  return first;
-}
-
-// A construction block; a wall's emittances follow on a line of their own.
-Part ReadConstruction(Cursor& in, bool leakage) {
-  if (ReadBlock(in, leakage) == kScreenCode) return Part::kShadingScreen;
-  in.SkipLine();
-  return Part::kWall;
-}
-
-// A window block, then the line of the window type's number.
-void ReadWindow(Cursor& in, bool leakage) {
-  ReadBlock(in, leakage);
-  in.SkipLine();
+  if (values[0] == kWindowCode) {
+    part.window = true;
+    part.curtain = values[4] != 0;
+    part.window_type = Trim(in.Line());
+    return;
+  }
+  part.construction = values[0] == kScreenCode ? Part::kShadingScreen : Part::kWall;
+  if (values[1] != std::floor(values[1]) || values[1] < 0 || values[1] > 99999) {
+    in.Fail("The construction number must be a whole number from 0 to 99999", -1);
+  }
+  part.wall = static_cast<int>(values[1]);
+  part.absorptance_front = values[2];
+  part.absorptance_back = values[3];
+  if (part.construction == Part::kShadingScreen) return;
+  // The emittances, each in the shortest form of a number: " .87  .87".
+  std::string line = in.Line();
+  size_t pos = 0;
+  for (double* value : {&part.emittance_front, &part.emittance_back}) {
+    size_t first = line.find_first_not_of(' ', pos);
+    size_t last = first == std::string::npos ? first : line.find(' ', first);
+    std::string text = first == std::string::npos ? "" : line.substr(first, last - first);
+    if (!IsSignedNumberText(text)) in.Fail("Two emittances were expected on the line", -1);
+    *value = Val(text);
+    pos = last;
+  }
 }
 
 bool IsConstruction(double code) { return code == kScreenCode || code == kWallCode; }
 
+// The blocks that follow an element's geometry or its hole: a construction,
+// then a window, each only when the rest of the line is such a block.
+void ReadPart(Cursor& in, Dat1Part& part, size_t width, double* leakage) {
+  double code = 0;
+  if (in.BlockStarts(width, code) && IsConstruction(code)) ReadBlock(in, part, leakage);
+  if (in.BlockStarts(width, code) && code == kWindowCode) ReadBlock(in, part, leakage);
+}
+
 Dat1Element ReadElement(Cursor& in) {
   Dat1Element el;
+  el.line = in.LineNumber();
   if (in.Rest().size() != kFirstLineWidth) {
     in.Fail("An element's first line must hold " + std::to_string(kFirstLineWidth) + " characters");
   }
   el.name = Trim(in.Take(kNameWidth));
   el.shape = in.Whole(kWideField, 1, 5, "The shape code");
-  el.zenith = in.Number(kWideField);
-  el.azimuth = in.Number(kWideField);
-  el.x = in.Number(kWideField);
-  el.y = in.Number(kWideField);
-  el.z = in.Number(kWideField);
+  double* position[] = {&el.zenith, &el.azimuth, &el.x, &el.y, &el.z};
+  for (size_t k = 0; k < el.texts.size(); ++k) {
+    el.texts[k] = Trim(in.Peek(kWideField));
+    *position[k] = in.Number(kWideField);
+  }
   el.front = in.Whole(kCodeField, -1, kMaxVolumes, "The front volume code");
   el.back = in.Whole(kCodeField, -1, kMaxVolumes, "The back volume code");
   in.EndLine();
   // The geometry leaves its line open: what the element is made of follows
   // on it, or, when it has no construction, the next element.
   for (double& dim : el.dims) dim = in.Number(kGeometryField);
-  double code = 0;
-  if (in.BlockStarts(kMainBlockWidth, code) && IsConstruction(code)) {
-    el.main = ReadConstruction(in, true);
-  }
-  if (in.BlockStarts(kMainBlockWidth, code) && code == kWindowCode) {
-    ReadWindow(in, true);
-    el.main_window = true;
-  }
-  if (el.shape != 3) return el;
-  if (in.BlockStarts(kHoleBlockWidth, code) && IsConstruction(code)) {
-    el.hole = ReadConstruction(in, false);
-  }
-  if (in.BlockStarts(kHoleBlockWidth, code) && code == kWindowCode) {
-    ReadWindow(in, false);
-    el.hole_window = true;
-  }
+  ReadPart(in, el.main, kMainBlockWidth, &el.leakage);
+  if (el.shape == 3) ReadPart(in, el.hole, kHoleBlockWidth, nullptr);
   return el;
 }
 
@@ -196,8 +199,16 @@ Dat1Building ParseDat1(const std::string& path, std::string_view bytes) {
   int elements = in.Whole(kGeometryField, 0, kMaxElements, "The count of elements");
   in.EndLine();
   // The fluid of each volume, then the advection of each pair of volumes.
-  int lines = building.volumes + building.volumes * (building.volumes - 1) / 2;
-  for (int k = 0; k < lines; ++k) in.SkipLine();
+  for (int k = 0; k < building.volumes; ++k) {
+    building.fluids.push_back(in.Number(kGeometryField));
+    in.EndLine();
+  }
+  for (int k = 0; k < building.volumes * (building.volumes - 1) / 2; ++k) {
+    std::array<double, 2> pair{};
+    for (double& value : pair) value = in.Number(kGeometryField);
+    in.EndLine();
+    building.advection.push_back(pair);
+  }
   for (int k = 0; k < elements; ++k) {
     if (in.AtEnd()) {
       in.Fail("The file ends before element " + std::to_string(k + 1) + " of " +
@@ -219,4 +230,4 @@ Dat1Building ReadCaseDat1(const std::string& case_folder) {
   return ParseDat1(path, *bytes);
 }
 
-}  // namespace zelmo::trvshow
+}  // namespace zelmo::modules
