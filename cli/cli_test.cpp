@@ -124,6 +124,12 @@ TEST(CommandLine, WrongCommandLinesAndMissingProjectsOrCases) {
       {{"run", project, "case9"},
        kExitUsage,
        "zelmo: case case9 is not in " + JoinPath(project, "CASES.LIB") + "\n"},
+      {{"run", project, "case1", "-j", "0"},
+       kExitUsage,
+       "zelmo: -j needs a number of cases, not 0 (zelmo --help lists the commands)\n"},
+      {{"run", project, "case1", "--all"},
+       kExitUsage,
+       "zelmo: give cases or --all, not both (zelmo --help lists the commands)\n"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(r.Run(row.args), row.status);
@@ -206,6 +212,12 @@ TEST(CommandLine, WindowPropertiesOfTheExample) {
             "type  name                      U        g     Tsol\n"
             "   3  DoubleLowE4-16Ar-4     1.10    0.602    0.466\n");
   const std::string types = JoinPath(project, "WNDTP.LIB");
+  // A number of two digits is a type like any other.
+  WriteBytes(types, ReadBytes(types) + "12\tTwelve\t 1\tClear4mm\tNo\t\r\n");
+  EXPECT_EQ(r.Run({"window-properties", project, "12"}), kExitOk) << r.err.str();
+  EXPECT_EQ(r.out.str(),
+            "type  name          U        g     Tsol\n"
+            "  12  Twelve     5.75    0.854    0.829\n");
   const struct {
     std::vector<std::string> args;
     int status;
@@ -239,6 +251,77 @@ TEST(CommandLine, WindowPropertiesOfTheExample) {
   r.Run({"--help"});
   EXPECT_NE(r.out.str().find("zelmo window-properties <project folder> [window type number]"),
             std::string::npos);
+}
+
+// The stand-in modules' tree copied to `folder`, without the programs of
+// `missing`.
+void StageModules(const std::string& folder, const std::vector<std::string>& missing) {
+  ASSERT_TRUE(CopyFolderTree(JoinPath(std::getenv("ZELMO_DIST_DIR"), "TZELMO"),
+                             JoinPath(folder, "TZELMO")));
+  for (const std::string& program : missing)
+    DeleteFile(JoinPath(JoinPath(folder, "TZELMO"), program));
+}
+
+// A program tree in a folder whose path is far longer than 64 characters is
+// found whole; a module taken out of it fails the run, named with its path.
+TEST(CommandLine, ADeepProgramTreeAndAModuleThatCannotBeStarted) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  const std::string tree = r.dir / (std::string(60, 'p') + "/" + std::string(60, 'q'));
+  StageModules(tree, {});
+  r.settings.values["Zelmo-QRN/Project/SystemPath"] = tree;
+  ASSERT_EQ(r.Run({"run", project, "case1", "--modules", "PLOR,NEB"}), kExitOk) << r.err.str();
+  EXPECT_EQ(r.out.str(),
+            "case1: PLOR started\ncase1: PLOR ended\ncase1: NEB started\ncase1: NEB ended\n");
+
+  const std::string neb = JoinPath(JoinPath(tree, "TZELMO"), "NEB.EXE");
+  DeleteFile(neb);
+  WriteBytes(project + "/Case1/THERMAL.INP", "XXXXXX\r\n");
+  EXPECT_EQ(r.Run({"run", project, "case1"}), kExitFailed);
+  EXPECT_EQ(r.out.str(),
+            "case1: PLOR started\ncase1: PLOR ended\ncase1: NEB started\ncase1: NEB failed\n");
+  EXPECT_EQ(r.err.str(),
+            "Error  702 in module ZELMO-QRN: The program could not be started: " + neb +
+                " A calculation module could not be started: its program is missing from the "
+                "folder TZELMO of the program folder, or it may not be run there. Check the "
+                "program folder under File / Settings, or install the program again, then run "
+                "the simulation of the case again.\n");
+  EXPECT_EQ(r.Case("THERMAL.INP"), "XXXXXX\r\n");
+}
+
+// A case named twice runs once, whatever the case of its letters; two
+// cases named end with the summary table.
+TEST(CommandLine, ACaseNamedTwiceRunsOnceAndTwoNamedCasesEndWithTheTable) {
+  ExampleRun r;
+  const std::string project = r.dir / "Example";
+  CopyFolderTree(project + "/Case1", project + "/case2");
+  WriteBytes(project + "/CASES.LIB", "case1 - First\r\ncase2 - Second\r\n");
+  // Each row starts four modules in all: a case named twice is one case.
+  const struct {
+    std::vector<std::string> args;
+    std::vector<std::string> table;
+  } rows[] = {
+      {{"run", project, "case1", "CASE1", "-j", "2", "--modules", "PLOR,NEB"},
+       {"case          modules  status", "case1               2  ok"}},
+      {{"run", project, "case1", "case1", "--modules", "PLOR,NEB"}, {}},
+      {{"run", project, "case2", "case1", "--modules", "PLOR", "-j1"},
+       {"case          modules  status", "case2               1  ok", "case1               1  ok"}},
+  };
+  for (const auto& row : rows) {
+    ASSERT_EQ(r.Run(row.args), kExitOk) << r.err.str();
+    std::istringstream out(r.out.str());
+    std::vector<std::string> modules, table;
+    for (std::string line; std::getline(out, line);) {
+      if (line.rfind("case", 0) == 0 && line.find(": ") == 5) {
+        modules.push_back(line);
+      } else {
+        table.push_back(TrimBlanks(line.substr(0, 30)));
+      }
+    }
+    EXPECT_EQ(table, row.table) << r.out.str();
+    EXPECT_EQ(modules.size(), 4u) << r.out.str();
+    EXPECT_EQ(r.err.str(), "");
+  }
 }
 
 // Four cases side by side, the third made to fail: the others end as they

@@ -225,9 +225,14 @@ int RunCases(Context& c, const std::vector<std::string>& args, bool run_modules)
   for (int row = 1; request.all && row < grid.rows(); ++row) {
     rows.push_back(grid.Cell(row, kCaseColumn));
   }
+  std::vector<int> named;
   for (const std::string& name : request.cases) {
     int row = 0;
     if (auto failed = FindCaseRow(c, grid, name, row)) return *failed;
+    // A case named twice (in any case of its letters) runs once: two runs of
+    // one case side by side would write its files against each other.
+    if (std::find(named.begin(), named.end(), row) != named.end()) continue;
+    named.push_back(row);
     rows.push_back(grid.Cell(row, kCaseColumn));
   }
   // One case named alone runs as the screen runs its row, with no table.

@@ -45,6 +45,10 @@ bool CopyFolderTree(const std::string& from, const std::string& to) {
     fs::path dest = ResolvePath(target / relative);
     if (it->is_directory(ec)) {
       fs::create_directories(dest, ec);
+    } else if (TemporaryOwner(FromFsPath(it->path().filename()))) {
+      // A save's temporary is no part of the copy, whether its write runs
+      // still or was killed.
+      continue;
     } else {
       fs::copy_file(it->path(), dest, fs::copy_options::overwrite_existing, ec);
     }

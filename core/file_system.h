@@ -8,10 +8,11 @@
 
 namespace zelmo {
 
-bool CreateFolder(const std::string& path);                           // one level
-bool CreateFolderTree(const std::string& path);                       // every missing level
-bool DeleteFolderTree(const std::string& path);                       // false when it is not there
-bool CopyFolderTree(const std::string& from, const std::string& to);  // overwriting
+bool CreateFolder(const std::string& path);      // one level
+bool CreateFolderTree(const std::string& path);  // every missing level
+bool DeleteFolderTree(const std::string& path);  // false when it is not there
+// Overwriting; the temporaries of whole-file writes are not copied.
+bool CopyFolderTree(const std::string& from, const std::string& to);
 bool CopyFileOver(const std::string& from, const std::string& to);
 bool RenamePath(const std::string& from, const std::string& to);
 bool DeleteFile(const std::string& path);

@@ -28,7 +28,9 @@ inline constexpr int kNoActivate = 7;  // shown without taking the focus
 class ProcessRunner {
  public:
   virtual ~ProcessRunner() = default;
-  virtual void Run(const std::string& program, const std::vector<std::string>& arguments,
+  // False when the program could not be started (missing, not a program, not
+  // allowed to run); true once it started and has ended, however it ended.
+  virtual bool Run(const std::string& program, const std::vector<std::string>& arguments,
                    int window_mode) = 0;
   // Ends every program that Run waits for, with the programs each started in
   // turn; those Runs then return. Nothing when none runs.

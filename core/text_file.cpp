@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -9,10 +10,10 @@
 #include <system_error>
 
 #include "core/fields.h"
+#include "core/live_process.h"
 
 #ifdef _WIN32
 #include <io.h>
-#include <process.h>
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -102,9 +103,26 @@ bool ReadOnlyFile(const fs::path& target) {
   return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
 }
 
+void SweepTemporaries(const fs::path& folder) {
+  const long long self = CurrentProcess();
+  const auto now = fs::file_time_type::clock::now();
+  std::error_code ec;
+  for (fs::directory_iterator it(folder.empty() ? fs::path(".") : folder, ec), end;
+       !ec && it != end; it.increment(ec)) {
+    const std::optional<long long> owner = TemporaryOwner(FromFsPath(it->path().filename()));
+    std::error_code file_ec;
+    if (!owner || !it->is_regular_file(file_ec)) continue;
+    const auto written = it->last_write_time(file_ec);
+    const bool old = !file_ec && now - written > std::chrono::minutes(kStaleTemporaryMinutes);
+    // Another thread of this process may be writing its own right now.
+    if (old || (*owner != self && !ProcessIsAlive(*owner))) fs::remove(it->path(), file_ec);
+  }
+}
+
 bool WriteBytesTo(const fs::path& target, const fs::path& temp, const std::string& bytes,
                   bool durable = true) {
   if (ReadOnlyFile(target)) return false;
+  SweepTemporaries(target.parent_path());
   std::error_code ignored;
   if (!WriteAndSync(temp, bytes, durable)) {
     fs::remove(temp, ignored);
@@ -353,19 +371,22 @@ void TextReader::Fail(const std::string& what) const {
 
 namespace {
 fs::path TemporaryPath(const fs::path& target) {
-#ifdef _WIN32
-  const int process = _getpid();
-#else
-  const int process = static_cast<int>(getpid());
-#endif
   fs::path temp = target;
-  temp += ".tmp~" + std::to_string(process);
+  temp += ".tmp~" + std::to_string(CurrentProcess());
   return temp;
 }
 }  // namespace
 
 std::string TemporaryOf(const std::string& path) {
   return FromFsPath(TemporaryPath(ResolvePath(ToFsPath(path))));
+}
+
+std::optional<long long> TemporaryOwner(const std::string& name) {
+  const size_t mark = name.rfind(".tmp~");
+  if (mark == std::string::npos || mark == 0) return std::nullopt;
+  const std::string digits = name.substr(mark + 5);
+  if (digits.empty() || digits.size() > 10 || !IsDigitsOnly(digits)) return std::nullopt;
+  return std::stoll(digits);
 }
 
 bool WriteAllBytes(const std::string& path, const std::string& bytes) {

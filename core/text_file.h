@@ -113,6 +113,17 @@ bool WriteBytesThrough(const std::string& path, const std::string& temp, const s
 // file at once (cases run side by side all write the project's window
 // library) never write into one another's.
 std::string TemporaryOf(const std::string& path);
+// The process whose whole-file write a file of this name is the temporary
+// of ("HVAC_Cal.Inp.tmp~4711": 4711), or nothing for any other name.
+std::optional<long long> TemporaryOwner(const std::string& name);
+// How old a temporary of a process still running may grow before it counts
+// as left over: a write takes seconds, so only a process whose number came
+// back to another program keeps one this long.
+inline constexpr int kStaleTemporaryMinutes = 60;
+// Every whole-file write first removes from its folder the temporaries that
+// a killed save left there: those of a process no longer running, and those
+// older than kStaleTemporaryMinutes. A write in progress, in this process or
+// another, is left alone.
 // The bytes of a file, or nothing.
 std::optional<std::string> ReadAllBytes(const std::string& path);
 

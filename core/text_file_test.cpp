@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/guard.h"
+#include "core/live_process.h"
 #include "core/testing/fakes.h"
 
 namespace zelmo {
@@ -89,6 +91,46 @@ TEST(TextFiles, AWholeFileWriteReplacesTheFileAndLeavesNoTemporaryFile) {
   EXPECT_FALSE(testing::Exists(dir / "none"));
 }
 
+// The temporaries a killed save left go with the folder's next write; a
+// write still running, here or in another process, keeps its own.
+TEST(TextFiles, AWriteRemovesTheTemporariesOfKilledSavesFromItsFolder) {
+  TempDir dir;
+  const std::string self = std::to_string(CurrentProcess());
+#ifdef _WIN32
+  const std::string other = "4";  // the system's own process
+#else
+  const std::string other = "1";
+#endif
+  const auto two_hours_ago = std::filesystem::file_time_type::clock::now() - std::chrono::hours(2);
+  const struct {
+    std::string name;
+    bool old;
+    bool kept;
+  } files[] = {
+      {"HVAC_Cal.Inp.tmp~999999999", false, false},  // its process is gone
+      {"DAT1.DAT.tmp~" + self, false, true},         // written by another thread of this one
+      {"DAT2.DAT.tmp~" + self, true, false},
+      {"DAT3.DAT.tmp~" + other, false, true},  // a process that runs
+      {"DAT4.DAT.tmp~" + other, true, false},  // its number long since reused
+      {"Notes.tmp~", false, true},             // not a temporary of a write
+      {"Notes.tmp~12x", false, true},
+      {".tmp~999999999", false, true},
+      {"Notes.tmp~12345678901", false, true},
+  };
+  for (const auto& file : files) {
+    WriteBytes(dir / file.name, "part");
+    if (file.old) std::filesystem::last_write_time(ToFsPath(dir / file.name), two_hours_ago);
+  }
+  std::filesystem::create_directories(ToFsPath(dir / "Folder.tmp~999999999"));
+  WriteBytes(dir / "sub/Old.INP.tmp~999999999", "part");
+  ASSERT_TRUE(WriteAllLines(dir / "SURFACE.INP", {"Wall"}));
+  for (const auto& file : files)
+    EXPECT_EQ(testing::Exists(dir / file.name), file.kept) << file.name;
+  EXPECT_TRUE(FolderExists(dir / "Folder.tmp~999999999"));
+  EXPECT_TRUE(testing::Exists(dir / "sub/Old.INP.tmp~999999999"));
+  EXPECT_EQ(ReadBytes(dir / "SURFACE.INP"), "Wall\r\n");
+}
+
 TEST(AppendLine, CreatesTheFileAndEndsWithCrLf) {
   TempDir dir;
   ASSERT_TRUE(AppendLine(dir / "CASES.LIB", "case1 - First"));
@@ -157,6 +199,9 @@ TEST(FileSystem, CopyDeleteAndDropResultFilesWhateverTheirCase) {
   WriteBytes(dir / "src/Case1/out.txt", "r");
   WriteBytes(dir / "src/Case1/RES.Lis", "r");
   WriteBytes(dir / "src/Case1/a.ddd", "r");
+  // A save's temporary, killed or running, is not copied.
+  WriteBytes(dir / "src/Case1/HVAC_Cal.Inp.tmp~" + std::to_string(CurrentProcess()), "part");
+  WriteBytes(dir / "src/Case1/Old.INP.tmp~999999999", "part");
   ASSERT_TRUE(CopyFolderTree(dir / "src", dir / "dst"));
   DeleteFilesWithExtensions(dir / "dst/Case1", {".TXT", ".LIS", ".DDD", ".GGG", ".PPP"});
   EXPECT_EQ(FilesWithExtension(dir / "dst/Case1", ""), std::vector<std::string>{"THERMAL.INP"});

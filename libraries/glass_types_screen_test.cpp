@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 
 #include "core/fields.h"
@@ -199,6 +200,24 @@ TEST(GlassTypes, AGlassOfAWindowTypeStaysAndAnotherGoesWithoutAQuestion) {
   s.Cancel();
   EXPECT_EQ(c.Bytes("GLASSTP.INP"), testing::ExampleFile("GLASSTP.INP_Temp"));
   EXPECT_EQ(c.Bytes("case1/THERMAL.INP"), "------\r\n");
+}
+
+// Float4mm is only the last pane of a double window, SoftLowE4mm only the
+// last of a triple one: both stay.
+TEST(GlassTypes, AGlassOnlyAsAWindowsLastPaneStays) {
+  for (const char* glass : {"Float4mm", "SoftLowE4mm"}) {
+    LibraryCase c;
+    Glass_types s(c.fake.session);
+    s.Load();
+    const auto at = std::find(s.List1.items.begin(), s.List1.items.end(), glass);
+    ASSERT_NE(at, s.List1.items.end()) << glass;
+    Choose(s, static_cast<int>(at - s.List1.items.begin()));
+    s.DeleteGlass();
+    EXPECT_EQ(c.Said(),
+              "MESSAGE|This type of glass is referenced in a window and can not be deleted")
+        << glass;
+    EXPECT_EQ(s.List1.items.size(), 8u) << glass;
+  }
 }
 
 TEST(AddAngle, EachValueWithinAPercentThenTheSums) {

@@ -128,6 +128,33 @@ TEST(MoveIns, OnlyACurtainOnAWindowIsKeptFromDeletion) {
   EXPECT_FALSE(testing::Exists(c.Path("MOVEINS.LIB")));
 }
 
+// A curtain on the window of a hole alone, with no curtain on the main
+// window, is kept all the same; on a hole without a window it is not.
+TEST(MoveIns, ACurtainOnlyOnAHolesWindowIsKeptFromDeletion) {
+  const struct {
+    testing::Element element;
+    bool kept;
+  } rows[] = {
+      {{{20, ""}, {21, ""}, {27, "1"}, {28, "3"}}, true},
+      {{{20, ""}, {21, "3"}, {27, "1"}, {28, "3"}}, true},
+      {{{20, ""}, {21, "3"}, {27, ""}, {28, "3"}}, false},
+  };
+  for (const auto& row : rows) {
+    LibraryCase c(false);
+    c.Put("MOVEINS.LIB", Lib({1, 2, 3}));
+    c.Elements({row.element});
+    MoveIns screen(c.fake.session);
+    screen.Load();
+    screen.MoveInsList.row = 3;
+    screen.Delete();
+    EXPECT_EQ(screen.CurtainCount(), row.kept ? 3 : 2);
+    EXPECT_EQ(c.fake.dialogs.Texts(),
+              row.kept
+                  ? testing::Strings{"The MI is referenced in a surface and can not be deleted "}
+                  : testing::Strings{});
+  }
+}
+
 TEST(MoveIns, SeventySixCurtainsFillTheLibrary) {
   LibraryCase c(false);
   std::vector<int> full;

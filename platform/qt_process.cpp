@@ -19,7 +19,7 @@
 
 namespace zelmo::platform {
 
-void QtProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
+bool QtProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
                           int window_mode) {
   QProcess process;
   process.setProgram(Q(program));
@@ -58,7 +58,7 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
     });
   }
   process.start();
-  if (!process.waitForStarted(-1)) return;
+  if (!process.waitForStarted(-1)) return false;
   {
     std::lock_guard<std::mutex> lock(mutex_);
     running_.insert(&process);
@@ -70,6 +70,7 @@ void QtProcessRunner::Run(const std::string& program, const std::vector<std::str
   }
   std::lock_guard<std::mutex> lock(mutex_);
   running_.erase(&process);
+  return true;
 }
 
 void QtProcessRunner::Stop() {

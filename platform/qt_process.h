@@ -22,9 +22,9 @@ class QtProcessRunner : public ProcessRunner {
       : keep_window_alive_(keep_window_alive) {}
   // Starts the program with the working folder and environment of this
   // program and waits, without limit, until it ends. A program that cannot
-  // start ends the wait at once; the exit code is not looked at: modules
-  // report through their status file.
-  void Run(const std::string& program, const std::vector<std::string>& arguments,
+  // start ends the wait at once with false; the exit code is not looked at:
+  // modules report through their status file.
+  bool Run(const std::string& program, const std::vector<std::string>& arguments,
            int window_mode) override;
   // Ends the programs being waited for and every program they started.
   void Stop() override;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 #include "building/surface_file.h"
 #include "core/controls.h"
 #include "core/fields.h"
@@ -82,6 +85,9 @@ TEST(CalendarRules, TheHourlyInputFormChecksItsFieldsInOrder) {
        "\rStart must be <= End \rInfiltration must be empty or a value ( 0 -  500)"
        "\rPower Heating must be empty or a value ( 0 -  1000000)",
        1},
+      // Each value at its lower bound, then at its upper one.
+      {{"7", "24", "0", "0", "-100", "0", "-100", "-99999"}, "", 0},
+      {{"7", "24", "500", "1000000", "100", "1000000", "100", "999999"}, "", 0},
       {{"1", "2", "", "", "-101", "", "+-1", "1e3"},
        "\rHeating must be empty or a value (-100 -  100)"
        "\rCooling must be empty or a value (-100 -  100)"
@@ -124,6 +130,8 @@ TEST(CalendarRules, CheckCellsNamesTheFirstCellAtFaultColumnByColumn) {
       {{"\t5-", "\t-"}, 1, 2, "Number should have no decimals. "},
       {{"\t-", "\t\t\t2.5"}, 1, 2, "Number should have no decimals. "},
       {{"\t21\t\t20", "\t22\t\t", "\t\t\t20"}, 1, 2, "Heating should be less or equal to Cooling."},
+      // Every column at its lowest, and heating equal to cooling.
+      {{"0\t-100\t0\t-100\t0\t0\t0\t0", "\t21\t\t21"}, 0, 0, ""},
       {{"\t\t\t\t\t12345"}, 1, 6, flow},
       {{"\t\t\t\t\t\t.5."}, 1, 7, flow},
       {{"\t\t\t\t\t-1\t101"}, 1, 6, flow},
@@ -190,6 +198,14 @@ TEST(CalendarRules, FillSetsTheChosenRowsAndXEmpties) {
     EXPECT_EQ(grid.Cell(row, 8), filled ? "100" : "");
   }
   EXPECT_EQ(grid.Cell(2, 0), "2");
+  // The last hours of the day, up to the 24th.
+  fill.Cell(0, 0) = "20";
+  fill.Cell(0, 1) = "24";
+  ASSERT_TRUE(FillRows(fill, grid));
+  for (int row = 19; row <= 24; ++row) {
+    EXPECT_EQ(grid.Cell(row, 1) + "|" + grid.Cell(row, 8), row < 20 ? "|" : "9|100") << row;
+    EXPECT_EQ(grid.Cell(row, 0), row < 20 ? "" : std::to_string(row));
+  }
 }
 
 TEST(CalendarRules, OpeningsJoinVolumesOnBothSidesOfARectangleWithAHole) {
@@ -248,7 +264,20 @@ TEST(HvacDelivery, EachCalendarTypeAsTheModulesReadIt) {
   EXPECT_EQ(lines[85], " 1\t1E+20\t1E+20");  // Monthly goes out as Daily
   EXPECT_EQ(lines[87], "01\t1\t29\t2");
   EXPECT_EQ(lines[113], "01\t4\t30\t11");
-  EXPECT_EQ(HvacDeliveryLines(store, 2023)[87], "01\t1\t28\t2");
+  // A period that ends in February ends on its last day in the year run,
+  // the 29th in 2000 as in every fourth year.
+  for (const auto& [year, line] : {std::pair{2023, "01\t1\t28\t2"}, {2000, "01\t1\t29\t2"}}) {
+    EXPECT_EQ(HvacDeliveryLines(store, year)[87], line) << year;
+  }
+  // The bypass goes out only with a heat exchanger to pass by.
+  for (const auto& [exchanger, bypass, line] : {std::tuple{true, true, " 0\t 1\t 85\t 1\t"},
+                                                {true, false, " 0\t 1\t 85\t 0\t"},
+                                                {false, true, " 0\t 0\t 85\t 0\t"},
+                                                {false, false, " 0\t 0\t 85\t 0\t"}}) {
+    store.HasHeatExchanger = exchanger;
+    store.HasBypass = bypass;
+    EXPECT_EQ(HvacDeliveryLines(store, 2024)[0], line) << exchanger << bypass;
+  }
 }
 
 }  // namespace

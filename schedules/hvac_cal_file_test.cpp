@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
+#include "core/fields.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "core/workspace.h"
+#include "schedules/hvac_delivery.h"
 
 namespace zelmo {
 namespace {
@@ -149,6 +152,49 @@ TEST(HvacCalFile, AMissingFileIsNoScheduleAndARunAssumesOneCalendar) {
   off.HasBypass = true;
   off.HeatExchangerEfficiency = "70";
   EXPECT_EQ(HvacCalText(off).substr(0, 14), "0\t0\t70\t0\t\r\n\t\r\n");
+}
+
+// A store read again for another case: a period of that case with fewer
+// than 24 hour lines has the hours after them blank, not the first case's.
+// And a file with no schedule shown still delivers its first schedule.
+TEST(HvacCalFile, AShortPeriodReadAfterAnotherCaseAndAFileShowingNoSchedule) {
+  HvacCase c;
+  ScheduleStore first;
+  first.VolumeCount = 1;
+  first.ScheduleCount = 2;
+  first.CurrentSchedule = 0;
+  first.ScheduleName(1) = "First";
+  first.ScheduleName(2) = "Second";
+  first.PeriodType(1, 1) = kDaily;
+  first.PeriodCount(1, 1, kDaily) = 1;
+  first.PeriodDates(1, 1, 1, 1) = "1/1";
+  first.PeriodDates(1, 1, 1, 2) = "31/12";
+  for (int hour = 1; hour <= 24; ++hour) first.HourCell(1, 1, 1, hour, 1) = "7";
+  ASSERT_TRUE(WriteHvacCal(c.ws, first));
+  ScheduleStore store = c.Read(1);
+  ASSERT_EQ(store.HourCell(1, 1, 1, 24, 1), "7");
+
+  // The same file with the period's hours cut to 20.
+  auto lines = *ReadAllLines(c.dir / kHvacCalFile);
+  const auto dates = std::find(lines.begin(), lines.end(), "1/1\t31/12");
+  ASSERT_NE(dates, lines.end());
+  ASSERT_EQ(TrimBlanks(*(dates + 1)), "24");
+  *(dates + 1) = "20";
+  lines.erase(dates + 22, dates + 26);
+  std::string bytes;
+  for (const auto& line : lines) bytes += line + "\r\n";
+  c.Put(bytes);
+  ReadHvacCal(c.ws, 1, store);
+  for (int hour = 19; hour <= 24; ++hour) {
+    EXPECT_EQ(store.HourCell(1, 1, 1, hour, 1), hour <= 20 ? "7" : " ") << hour;
+  }
+
+  ScheduleStore run;
+  ReadHvacCalForRun(c.ws, 1, run);
+  EXPECT_EQ(run.CurrentSchedule, 0);
+  const auto delivered = HvacDeliveryLines(run, 2024);
+  EXPECT_EQ(delivered[2], "First");
+  EXPECT_EQ(delivered[3], " 1\t1E+20\t1E+20");  // its Daily period, not the default's week
 }
 
 TEST(HvacCalFile, TheExampleCaseReadsWithItsTwoRoomsAndWritesTheSameBytes) {

@@ -359,6 +359,67 @@ TEST(HvacScreen, OkChecksThenWritesTheSessionOfEdits) {
   EXPECT_EQ(c.Bytes(), saved);
 }
 
+// A volume copied onto another takes its monthly periods with it, dates
+// and hours; a period deleted leaves its slot blank for the next one added.
+TEST(HvacScreen, ACopiedVolumeKeepsItsMonthlyPeriodsAndAReusedSlotStartsBlank) {
+  HvacScreenCase c(2);
+  ScheduleStore store;
+  store.VolumeCount = 2;
+  store.ScheduleCount = 1;
+  store.CurrentSchedule = 1;
+  store.ScheduleName(1) = "Office";
+  store.PeriodType(1, 1) = kMonthly;
+  store.PeriodCount(1, 1, kMonthly) = 2;
+  for (int period = 1; period <= 2; ++period) {
+    const int slot = PeriodSlot(kMonthly, period);
+    store.PeriodDates(1, 1, slot, 1) = period == 1 ? "1" : "4";
+    store.PeriodDates(1, 1, slot, 2) = period == 1 ? "3" : "12";
+    store.HourCell(1, 1, slot, 10, 2) = period == 1 ? "21" : "19";
+  }
+  ASSERT_TRUE(WriteHvacCal(c.fake.ws(), store));
+  HVAC screen(c.fake.session);
+  screen.Load();
+  c.Answer<VolumeCopyDialog>("Hvac_Volume_Copy",
+                             [](VolumeCopyDialog& d) { d.Combo1.list_index = 1; });
+  screen.CopyVolumeClick();
+  screen.Ok();
+  ASSERT_TRUE(screen.unloaded);
+  ScheduleStore saved;
+  ReadHvacCal(c.fake.ws(), 2, saved);
+  EXPECT_EQ(saved.PeriodType(1, 2), kMonthly);
+  EXPECT_EQ(saved.PeriodCount(1, 2, kMonthly), 2);
+  for (int period = 1; period <= 2; ++period) {
+    const int slot = PeriodSlot(kMonthly, period);
+    EXPECT_EQ(saved.PeriodDates(1, 2, slot, 1) + "-" + saved.PeriodDates(1, 2, slot, 2) + "|" +
+                  saved.HourCell(1, 2, slot, 10, 2),
+              period == 1 ? "1-3|21" : "4-12|19");
+  }
+
+  // Daily periods of the first volume: the second one deleted, then added
+  // again in its slot, shows no hour of the one before.
+  HVAC daily(c.fake.session);
+  daily.Load();
+  Select(daily.Combo4, kDaily);
+  c.Answer<DailyPeriodDialog>("HVAC_Daily_Add", [](DailyPeriodDialog& d) {
+    d.Text1.text = "1", d.Text2.text = "1", d.Text3.text = "30", d.Text4.text = "4";
+  });
+  daily.AddPeriod(false);
+  c.Answer<DailyPeriodDialog>("HVAC_Daily_Add", [](DailyPeriodDialog& d) {
+    d.Text1.text = "1", d.Text2.text = "5", d.Text3.text = "31", d.Text4.text = "12";
+  });
+  daily.AddPeriod(false);
+  Type(daily, daily.HVACGRID1, 3, 1, "300");
+  daily.DeletePeriod(false);  // the list shows the second
+  ASSERT_EQ(daily.Combo2.items, std::vector<std::string>{"1/1-30/4"});
+  daily.AddPeriod(false);
+  ASSERT_EQ(daily.Combo2.items, (std::vector<std::string>{"1/1-30/4", "1/5-31/12"}));
+  EXPECT_EQ(daily.Combo2.list_index, 1);
+  EXPECT_EQ(daily.HVACGRID1.Cell(3, 1), "");
+  Select(daily.Combo2, 0);
+  Select(daily.Combo2, 1);
+  EXPECT_EQ(daily.HVACGRID1.Cell(3, 1), "");
+}
+
 TEST(HvacScreen, OneVolumeHasNoOpeningsAndNoVolumeClosesTheScreen) {
   HvacScreenCase one(1);
   EXPECT_FALSE(one.screen.Option1[0].visible || one.screen.Option1[1].visible);

@@ -27,8 +27,11 @@ void NoComfort(Session& session) {
 void RunComfortPrograms(Session& session, const std::string& viewer,
                         const std::string& viewer_argument) {
   const Workspace& ws = session.ws;
-  RunProgram(session, JoinPath(ws.ComfortDirectory, "Felt.EXE"), {CaseArgument(ws)},
-             window_mode::kNoActivate);
+  // A comfort program that could not be started has been named to the user.
+  if (!RunProgram(session, JoinPath(ws.ComfortDirectory, "Felt.EXE"), {CaseArgument(ws)},
+                  window_mode::kNoActivate)) {
+    return;
+  }
   if (!FileCanOpen(JoinPath(ws.CasePath, "Felt.GGG"))) {
     NoComfort(session);
     return;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/dialogs.h"
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/numbers.h"
@@ -73,17 +74,28 @@ int ToCode(double value) {
 
 }  // namespace
 
-void RunProgram(Session& session, const std::string& program,
+std::string CannotStartText(const std::string& program) {
+  return "The program could not be started:\r" + program;
+}
+
+bool RunProgram(Session& session, const std::string& program,
                 const std::vector<std::string>& arguments, int window_mode) {
-  if (session.processes) session.processes->Run(program, arguments, window_mode);
+  if (!session.processes) return false;
+  if (session.processes->Run(program, arguments, window_mode)) return true;
+  session.dialogs->MsgBox(CannotStartText(program), mb::kExclamation, kCannotStartTitle);
+  return false;
 }
 
 std::string CaseArgument(const Workspace& ws) { return ws.CasePath + Separator(); }
 
-void RunModule(Session& session, const std::string& program) {
+std::string ModuleProgramPath(const Workspace& ws, const std::string& program) {
+  return JoinPath(ws.ThermalDirectory, program);
+}
+
+bool RunModule(Session& session, const std::string& program) {
   const Workspace& ws = session.ws;
-  RunProgram(session, JoinPath(ws.ThermalDirectory, program), {CaseArgument(ws)},
-             window_mode::kNoActivate);
+  return session.processes && session.processes->Run(ModuleProgramPath(ws, program),
+                                                     {CaseArgument(ws)}, window_mode::kNoActivate);
 }
 
 bool InitStatusFile(const Workspace& ws) {
@@ -91,11 +103,15 @@ bool InitStatusFile(const Workspace& ws) {
                        {"    0 " + PadField("Start", 10, "V"), "TOM", "0"});
 }
 
-bool WriteStoppedStatus(const Workspace& ws, const std::string& module) {
+bool WriteFailedStatus(const Workspace& ws, int code, const std::string& module,
+                       const std::string& text) {
   return WriteAllLines(
       JoinPath(ws.CasePath, kStatusFile),
-      {PadField(std::to_string(kStoppedCode), 5, "H") + " " + PadField(module, 10, "V"),
-       kStoppedText, "0"});
+      {PadField(std::to_string(code), 5, "H") + " " + PadField(module, 10, "V"), text, "0"});
+}
+
+bool WriteStoppedStatus(const Workspace& ws, const std::string& module) {
+  return WriteFailedStatus(ws, kStoppedCode, module, kStoppedText);
 }
 
 bool ReadStatusFile(const Workspace& ws, int& code, std::string& module, std::string& text,

@@ -120,12 +120,13 @@ TEST(ModuleError, TheShippedTableHasATextForEveryModule) {
   ASSERT_TRUE(source);
   auto lines = ReadAllLines(std::string(source) + "/system/tree/ErrorCodesZelmo/ErrorsZelmo.err");
   ASSERT_TRUE(lines);
-  for (int code : {101, 201, 301, 401, 501, 601, 701}) {
+  for (int code : {101, 201, 301, 401, 501, 601, 701, 702}) {
     auto entries = FindErrorEntries(*lines, code);
     ASSERT_EQ(entries.size(), 1u) << code;
     EXPECT_FALSE(entries[0].lines.empty()) << code;
   }
   EXPECT_EQ(FindErrorEntries(*lines, 701)[0].module, "ZELMO-QRN");
+  EXPECT_EQ(FindErrorEntries(*lines, kCannotStartCode)[0].module, "ZELMO-QRN");
 }
 
 using testing::RunCall;
@@ -179,6 +180,32 @@ TEST(Launchers, VisualComfortSaysItIsNoPartOfTheProgram) {
                 {"Visual comfort (daylight) calculations are not part of this program. The "
                  "thermal comfort of a case is under Results, Diagram, Comfort, Thermal.",
                  mb::kInformation, "Visual comfort"}}));
+}
+
+// A program of the tree that cannot be started is named to the user, and
+// what would follow it is not started.
+TEST(Launchers, AProgramThatCannotStartIsNamed) {
+  const struct {
+    const char* folder;
+    const char* program;
+    void (*launch)(Session&);
+    size_t calls;
+  } rows[] = {
+      {"/z/DIAGRAM", "RSDiagram.EXE", RunLineDiagram, 1},
+      {"/z/FELT", "Felt.EXE", RunThermalComfort, 1},
+      {"/z/FELT", "TrvComf.EXE", RunThermalComfort, 2},
+  };
+  for (const auto& row : rows) {
+    ComfortCase c;
+    const std::string missing = JoinPath(row.folder, row.program);
+    c.fake.processes.cannot_start = {missing};
+    row.launch(c.fake.session);
+    EXPECT_EQ(c.fake.processes.calls.size(), row.calls) << missing;
+    EXPECT_EQ(c.fake.dialogs.messages,
+              (std::vector<testing::ShownMessage>{{"The program could not be started:\r" + missing,
+                                                   mb::kExclamation, "Error message"}}))
+        << missing;
+  }
 }
 
 TEST(Launchers, ComfortRefusals) {
@@ -306,6 +333,14 @@ TEST(Results, ShowsPrintsAndOpensAReport) {
   const std::vector<testing::RunCall> editor = {{c.dir / "TGZELMO/QEDITOR.EXE", {path}, 5}};
   EXPECT_EQ(c.fake.processes.calls, editor);
   EXPECT_EQ(screen.caption, "Results - " + ToLower(path));
+  // An editor there that cannot be started is named.
+  c.fake.processes.cannot_start = {editor[0].program};
+  testing::Act(screen, {"File1*"});
+  EXPECT_EQ(c.fake.dialogs.Last(),
+            (testing::ShownMessage{"The program could not be started:\r" + editor[0].program,
+                                   mb::kExclamation, "Error message"}));
+  c.fake.processes.cannot_start.clear();
+  c.fake.processes.calls = editor;
 
   std::filesystem::remove(ToFsPath(path));
   testing::Act(screen, {"File1*"});

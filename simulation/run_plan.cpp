@@ -148,13 +148,21 @@ RunEnd RunPlan(Session& session, Grid& grid, const std::function<void(int, int)>
         continue;
       }
       set_cell(row, col, kRunning);
-      RunModule(session, kModulePrograms[m]);
+      const std::string& program = kModulePrograms[m];
+      const std::string module_name = program.substr(0, program.find('.'));
+      const bool started = RunModule(session, program);
       const bool stop = stopped && stopped();
       if (stop) {
-        std::string program = kModulePrograms[m];
-        WriteStoppedStatus(ws, program.substr(0, program.find('.')));
+        WriteStoppedStatus(ws, module_name);
+      } else if (!started) {
+        // A module that never ran leaves the driver's good word in ECM.Dat:
+        // the run fails here, as for the module's own error, and ECM.Dat
+        // says so to the steps after it.
+        code = kCannotStartCode;
+        text = CannotStartText(ModuleProgramPath(ws, program));
+        WriteFailedStatus(ws, code, module_name, "Program not started");
       }
-      if (!stop && ReadStatusFile(ws, code, module, text, number)) {
+      if (!stop && started && ReadStatusFile(ws, code, module, text, number)) {
         set_cell(row, col, kEnded);
         continue;
       }

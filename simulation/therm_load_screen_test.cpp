@@ -9,7 +9,9 @@
 #include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
+#include "simulation/module_error.h"
 #include "simulation/run_plan.h"
+#include "simulation/side_by_side.h"
 
 namespace zelmo {
 namespace {
@@ -206,6 +208,50 @@ TEST(ThermLoad, ANewRunStartsWithoutTheRedOfTheLastOne) {
   }
 }
 
+// A module whose program cannot be started fails the run as a failing
+// module does: its cell red, the error window naming the program, no flag
+// committed, and ECM.Dat telling the steps after it.
+TEST(ThermLoad, AModuleThatCannotBeStartedFailsTheRunNamingItsProgram) {
+  Project p;
+  const std::string neb = JoinPath(p.fake.ws().ThermalDirectory, "NEB.EXE");
+  p.fake.processes.cannot_start = {neb};
+  std::string window;
+  p.fake.dialogs.screens["Errform"] = [&window](Form& form) {
+    window = form.caption + "|" + static_cast<Errform&>(form).Label1.caption;
+  };
+  ThermLoad screen(p.fake.session);
+  screen.Load();
+  screen.Simulate();
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(p.fake.processes.calls.size(), 2u);
+  EXPECT_EQ(screen.ThermGrid.CellBackColor(1, 4), Rgb(250, 0, 0));
+  EXPECT_EQ(screen.ThermGrid.Cell(1, 3), "");
+  EXPECT_EQ(window,
+            "Error  702 in module ZELMO-QRN|The program could not be started:\r" + neb +
+                "\r\nA calculation module could not be started: its program is missing from the "
+                "folder TZELMO of the program folder, or it may not be run there. Check the "
+                "program folder under File / Settings, or install the program again, then run the "
+                "simulation of the case again. ");
+  EXPECT_TRUE(p.fake.dialogs.messages.empty());
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/THERMAL.INP"), "XXXXXX\r\n");
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/ECM.Dat"),
+            "  702 NEB       \r\nProgram not started\r\n0\r\n");
+}
+
+// A row ticked Prepare alone writes the module input and starts nothing.
+TEST(ThermLoad, ARowTickedPrepareButNotIncludeRunsNoModule) {
+  Project p;
+  ThermLoad screen(p.fake.session);
+  screen.Load();
+  screen.ThermGrid.Cell(1, kPrepareColumn) = "X";
+  screen.ThermGrid.Cell(1, kIncludeColumn).clear();
+  EXPECT_EQ(RunPlan(p.fake.session, screen.ThermGrid, nullptr), RunEnd::kCompleted);
+  EXPECT_TRUE(p.fake.processes.calls.empty());
+  EXPECT_TRUE(testing::Exists(p.dir / "Office/Case1/DAT4.DAT"));
+  EXPECT_FALSE(testing::Exists(p.dir / "Office/Case1/ECM.Dat"));
+  EXPECT_EQ(ReadBytes(p.dir / "Office/Case1/THERMAL.INP"), "XXXXXX\r\n");
+}
+
 TEST(ThermLoad, AStopDuringTheThirdModuleLeavesAFailedRun) {
   Project p;
   ThermLoad screen(p.fake.session);
@@ -274,6 +320,55 @@ TEST(ThermLoad, CasesSideBySideEachEndAsAloneAndAFailureStaysWithItsCase) {
   EXPECT_EQ(ReadBytes(p.dir / "Office/case3/THERMAL.INP"), "XXXXXX\r\n");
   EXPECT_EQ(ReadBytes(p.dir / "Office/case3/DAT2.DAT"), ReadBytes(p.dir / "Office/Case1/DAT2.DAT"));
   EXPECT_EQ(p.fake.ws().CasePath, p.dir / "Office/Case1");
+}
+
+// How each case of a side-by-side run ends, one case at a time: a damaged
+// case file is an "error" of its case alone, and a stop between two cases
+// leaves the second "not run".
+TEST(ThermLoad, SideBySideOutcomesOfADamagedFileAndAStopBetweenCases) {
+  const struct {
+    bool damaged;
+    bool stop_after_first;
+    std::vector<std::string> statuses;
+    RunEnd end;
+  } rows[] = {
+      {false, false, {"ok", "ok"}, RunEnd::kCompleted},
+      {true, false, {"error", "ok"}, RunEnd::kModuleFailed},
+      {false, true, {"ok", "not run"}, RunEnd::kStopped},
+  };
+  for (const auto& row : rows) {
+    Project p;
+    CopyFolderTree(p.dir / "Office/Case1", p.dir / "Office/case3");
+    if (row.damaged) WriteBytes(p.dir / "Office/Case1/SURFACE.INP", "Wall\r\n\t0\r\n");
+    Form form("ThermLoad");
+    Grid grid(&form, "ThermGrid");
+    SetUpRunGrid(grid);
+    for (const char* name : {"case1 - Two rooms", "case3 - Two rooms"}) {
+      grid.AddRow();
+      grid.Cell(grid.rows() - 1, kCaseColumn) = name;
+    }
+    FillTicks(grid);
+    SideBySide how;
+    how.jobs = 1;
+    bool first_done = false;
+    how.cell_changed = [&](int row_of_plan, int col, const Grid& one) {
+      if (row_of_plan == 1 && col == kLastModuleColumn && one.Cell(1, col) == kEnded) {
+        first_done = row.stop_after_first;
+      }
+    };
+    how.stopped = [&first_done] { return first_done; };
+    RunEnd end = RunEnd::kCompleted;
+    const auto outcomes = RunSideBySide(p.fake.session, grid, how, end);
+    std::vector<std::string> statuses;
+    for (const CaseOutcome& outcome : outcomes) statuses.push_back(outcome.Status());
+    EXPECT_EQ(statuses, row.statuses);
+    EXPECT_EQ(end, row.end);
+    if (row.damaged) {
+      EXPECT_EQ(p.fake.dialogs.Texts(),
+                (testing::Strings{"Input past end of file\r" + p.dir / "Office/Case1/SURFACE.INP" +
+                                  ", line 3"}));
+    }
+  }
 }
 
 }  // namespace

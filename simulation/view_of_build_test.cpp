@@ -42,6 +42,14 @@ TEST(ViewOfBuild, WritesTheModulesDat1AndWaitsForTheViewer) {
   // The viewer gets the geometry exactly as the simulation writes it.
   EXPECT_EQ(written, ReadBytes(c.source + "/simulation/testdata/Case1/DAT1.DAT"));
   EXPECT_TRUE(c.fake.dialogs.messages.empty());
+
+  // A viewer that cannot be started is named, never passed over.
+  const std::string viewer = JoinPath("/z/TZELMO", "TRVSHOW.EXE");
+  c.fake.processes.cannot_start = {viewer};
+  ViewOfBuild(c.fake.session);
+  EXPECT_EQ(c.fake.dialogs.messages,
+            (std::vector<testing::ShownMessage>{{"The program could not be started:\r" + viewer,
+                                                 mb::kExclamation, "Error message"}}));
 }
 
 TEST(ViewOfBuild, ADamagedElementFileIsNamedAndNoViewerStarts) {

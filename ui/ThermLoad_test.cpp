@@ -11,6 +11,7 @@
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
 #include "platform/qt_process.h"
+#include "simulation/module_error.h"
 #include "simulation/run_plan.h"
 #include "simulation/therm_load_screen.h"
 #include "ui/commands.h"
@@ -97,6 +98,33 @@ TEST(ThermLoadView, ReachedFromTheMainWindowTickedRunAndAFailingModuleShown) {
   EXPECT_TRUE(screen.unloaded);
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "------\r\n");
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/MUK.LIS").empty(), false);
+}
+
+// NEB.EXE taken out of the program tree: its cell turns red and the error
+// window names the program that could not be started.
+TEST(ThermLoadView, AModuleMissingFromTheTreeIsRedAndNamed) {
+  ExampleProject p;
+  const std::string modules = p.dir / "TZELMO";
+  CopyFolderTree(p.fake.ws().ThermalDirectory, modules);
+  DeleteFile(JoinPath(modules, "NEB.EXE"));
+  p.fake.ws().ThermalDirectory = modules;
+  std::string label;
+  p.fake.dialogs.screens["Errform"] = [&label](Form& form) {
+    label = static_cast<Errform&>(form).Label1.caption;
+  };
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  auto* grid = dialog->findChild<QTableWidget*>("ThermGrid");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_FALSE(screen.unloaded);
+  EXPECT_EQ(grid->item(1, 3)->text(), "");
+  EXPECT_EQ(grid->item(1, 4)->background().color(), QColor(250, 0, 0));
+  EXPECT_EQ(
+      label.rfind("The program could not be started:\r" + JoinPath(modules, "NEB.EXE") + "\r\n", 0),
+      0u)
+      << label;
+  EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
 }
 
 // A module that takes its time: the window repaints and takes clicks, the

@@ -38,8 +38,10 @@ std::string DefaultLocalPath() {
 #endif
 }
 
-std::string CutSettingsPath(const std::string& value) {
-  return TrimBlanks(value.substr(0, std::min<size_t>(value.size(), 64)));
+std::string SettingsPathRead(const std::string& value) {
+  // A program tree or data folder deep in the file system is found where it
+  // is: no length cuts a path short.
+  return TrimBlanks(value);
 }
 
 std::string StoredPathForm(const std::string& path) {
@@ -120,9 +122,9 @@ void AdoptUserDataFolder(Session& session, StartForm& main, const std::string& d
 }  // namespace
 
 void ReadStoredSettings(SettingsStore& store, Workspace& ws) {
-  ws.SystemPath = CutSettingsPath(store.Get(kSettingsApplication, kSettingsSection, kKeySystemPath,
-                                            DefaultSystemPath(ws.ProgramDirectory)));
-  ws.LocalPath = CutSettingsPath(
+  ws.SystemPath = SettingsPathRead(store.Get(kSettingsApplication, kSettingsSection, kKeySystemPath,
+                                             DefaultSystemPath(ws.ProgramDirectory)));
+  ws.LocalPath = SettingsPathRead(
       store.Get(kSettingsApplication, kSettingsSection, kKeyLocalPath, DefaultLocalPath()));
   // The stored accuracy is not read back: every start calculates with a new
   // coefficient each timestep.

@@ -43,9 +43,8 @@ inline constexpr char kProgramFileName[] = "Tgzelmo";
 std::string DefaultSystemPath(const std::string& program_directory);
 std::string DefaultLocalPath();
 
-// A path as read at start: through a buffer of 64 characters, so a longer
-// path is cut at 64, then trimmed.
-std::string CutSettingsPath(const std::string& value);
+// A path as read at start: whole, whatever its length, and trimmed.
+std::string SettingsPathRead(const std::string& value);
 
 // A path as stored on saving: trimmed; on a file system that ignores case
 // also in upper case. A folder the user gave keeps its case where case tells

@@ -55,22 +55,54 @@ TEST_F(StartUpTest, MarkerBesideAnotherProgramIsLeftAlone) {
   EXPECT_EQ(fake.settings.saves, 0);
 }
 
-TEST_F(StartUpTest, PathsAreCutAt64AndTheAccuracyIsAlwaysTwo) {
-  EXPECT_EQ(CutSettingsPath("  /srv/data  "), "/srv/data");
-  std::string long_path = "/" + std::string(70, 'a');
-  EXPECT_EQ(CutSettingsPath(long_path), long_path.substr(0, 64));
-  // Blanks before the cut are trimmed after it.
-  EXPECT_EQ(CutSettingsPath("/data" + std::string(60, ' ') + "tail"), "/data");
+TEST_F(StartUpTest, PathsOfAnyLengthAreReadWholeAndTheAccuracyIsAlwaysTwo) {
+  EXPECT_EQ(SettingsPathRead("  /srv/data  "), "/srv/data");
+  for (size_t length : {63u, 64u, 65u, 300u}) {
+    const std::string path = "/" + std::string(length - 1, 'a');
+    EXPECT_EQ(SettingsPathRead(path), path) << length;
+  }
+  EXPECT_EQ(SettingsPathRead("/data" + std::string(60, ' ') + "tail"),
+            "/data" + std::string(60, ' ') + "tail");
 
   StoreTree();
-  Store("SystemPath", dir.path() + std::string(64, 'x'));
+  Store("LocalPath", data + std::string(64, 'x'));
   Store("AccuracyLevelTL", "4-New coeff. each iteration");
   Start();
-  EXPECT_EQ(fake.ws().SystemPath, (dir.path() + std::string(64, 'x')).substr(0, 64));
+  EXPECT_EQ(fake.ws().LocalPath, data + std::string(64, 'x'));
   EXPECT_EQ(fake.ws().AccuracyLevelTL, "2");
   SysInit settings(fake.session, main);
   EXPECT_EQ(settings.Combo1.text + std::to_string(settings.Combo1.list_index),
             "2-New coeff. each timestep0");
+}
+
+// A program tree deep in the file system, with nothing stored: the folder
+// taken from the program's own place reaches the modules, and Settings
+// stores both folders whole for the next start.
+TEST(StartUpDeep, AProgramTreeInAFolderOverAHundredCharactersIsFoundWhole) {
+  TempDir root;
+  const std::string deep = root / (std::string(70, 'd') + "/" + std::string(70, 'e'));
+  for (const char* folder : {"TGZELMO", "TZELMO", "FELT", "DIAGRAM", "data"}) {
+    ASSERT_TRUE(CreateFolderTree(JoinPath(deep, folder)));
+  }
+  FakeSession fake;
+  StartForm main(fake.session);
+  fake.settings.values["Zelmo-QRN/Project/LocalPath"] = JoinPath(deep, "data");
+  StartUp(fake.session, main, JoinPath(deep, "Tgzelmo"));
+  EXPECT_EQ(fake.ws().SystemPath, deep);
+  EXPECT_EQ(fake.ws().ThermalDirectory, JoinPath(deep, "TZELMO"));
+  EXPECT_TRUE(FolderExists(fake.ws().ThermalDirectory));
+  EXPECT_TRUE(fake.dialogs.messages.empty());
+
+  SysInit settings(fake.session, main);
+  settings.SysPath.text = deep;
+  settings.LocalPath.text = JoinPath(deep, "data");
+  ASSERT_TRUE(settings.Save());
+  FakeSession next;
+  next.settings.values = fake.settings.values;
+  StartForm again(next.session);
+  StartUp(next.session, again, "/elsewhere/Tgzelmo");
+  EXPECT_EQ(next.ws().SystemPath, deep);
+  EXPECT_EQ(next.ws().LocalPath, JoinPath(deep, "data"));
 }
 
 TEST_F(StartUpTest, UnreachableDataPathLeavesOnlyFileAndHelp) {

@@ -98,15 +98,17 @@ void FakeSettings::Save(const std::string& application, const std::string& secti
   ++saves;
 }
 
-void FakeProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
+bool FakeProcessRunner::Run(const std::string& program, const std::vector<std::string>& arguments,
                             int window_mode) {
   RunCall call{program, arguments, window_mode};
   {
     // Cases run side by side start their modules from threads of their own.
     std::lock_guard<std::mutex> lock(mutex);
     calls.push_back(call);
+    if (cannot_start.count(program)) return false;
   }
   if (on_run) on_run(call);
+  return true;
 }
 
 void FakeDesktop::ShowHelp(const std::string& help_file, int context) {

@@ -9,6 +9,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -85,10 +86,13 @@ void PrintTo(const RunCall& call, std::ostream* out);
 
 class FakeProcessRunner : public ProcessRunner {
  public:
-  void Run(const std::string& program, const std::vector<std::string>& arguments,
+  // Records the call; a program of `cannot_start` is recorded too, but does
+  // not run and reports false.
+  bool Run(const std::string& program, const std::vector<std::string>& arguments,
            int window_mode) override;
   std::vector<RunCall> calls;
   std::function<void(const RunCall&)> on_run;
+  std::set<std::string> cannot_start;
   std::mutex mutex;
 };
 
