@@ -347,6 +347,31 @@ bool WriteClimateFile(const std::string& path, const ClimateData& data) {
   return WriteAllBytes(path, ClimateFileText(data));
 }
 
+namespace {
+
+// The place of an hour in a leap year, from 0; -1 for no hour.
+int CalendarSlot(int month, int day, int hour) {
+  if (!IsClimateDate({2000, month, day}) || hour < 1 || hour > 24) return -1;
+  int days = 0;
+  for (int m = 1; m < month; ++m) days += DaysInMonth(m);
+  return (days + day - 1) * 24 + hour - 1;
+}
+
+}  // namespace
+
+ClimateCalendar::ClimateCalendar(const ClimateData& data) : index_(366 * 24, -1) {
+  for (size_t i = 0; i < data.hours.size(); ++i) {
+    const ClimateHour& h = data.hours[i];
+    const int slot = CalendarSlot(h.month, h.day, h.hour);
+    if (slot >= 0 && index_[slot] < 0) index_[slot] = static_cast<int>(i);
+  }
+}
+
+int ClimateCalendar::Find(int month, int day, int hour) const {
+  const int slot = CalendarSlot(month, day, hour);
+  return slot < 0 ? -1 : index_[slot];
+}
+
 int MissingCount(const ClimateData& data, ClimateColumn column) {
   int count = 0;
   for (const ClimateHour& hour : data.hours) count += std::isnan(hour.value[column]) ? 1 : 0;

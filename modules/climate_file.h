@@ -124,6 +124,18 @@ std::string ClimateFileText(const ClimateData& data);
 // written, and then nothing is left at `path`'s place but the old file.
 bool WriteClimateFile(const std::string& path, const ClimateData& data);
 
+// Where each hour of the calendar stands in a file, the year aside (the
+// modules look a period's hours up by month, day and hour): the index of its
+// first line in `hours`, or -1 when the file lacks it.
+class ClimateCalendar {
+ public:
+  explicit ClimateCalendar(const ClimateData& data);
+  int Find(int month, int day, int hour) const;
+
+ private:
+  std::vector<int> index_;  // 366 days of 24 hours, 29 February included
+};
+
 // The number of hours of a column that hold no value (NaN).
 int MissingCount(const ClimateData& data, ClimateColumn column);
 
