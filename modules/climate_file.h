@@ -28,6 +28,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelmo::modules {
@@ -98,6 +99,13 @@ extern const std::array<ClimateLimits, kClimateColumns> kClimateLimits;
 // day as it stands, whatever the year its hours are labelled with).
 int DaysInMonth(int month);
 bool IsClimateDate(const ClimateDate& date);
+
+// The lines of a file's bytes, their ends (CR LF, LF or CR) left off; a last
+// line without its end counts.
+std::vector<std::string_view> SplitLines(const std::string& bytes);
+// A whole field as a finite number, a leading "+" allowed; false when
+// anything else stands in it.
+bool ParseNumberField(std::string_view text, double& value);
 
 // A date as the file writes it: "1995.01.31".
 std::string DateText(const ClimateDate& date);
