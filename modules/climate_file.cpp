@@ -50,26 +50,6 @@ struct ColumnFormat {
 constexpr std::array<ColumnFormat, kClimateColumns> kFormats = {
     {{5, 1}, {5, 1}, {6, 0}, {4, 0}, {4, 0}, {4, 0}, {4, 0}, {3, 0}, {4, 1}}};
 
-// The lines of the bytes, ends (CR LF, LF or CR) left off; a last line
-// without its end counts.
-std::vector<std::string_view> Lines(const std::string& bytes) {
-  std::vector<std::string_view> lines;
-  lines.reserve(bytes.size() / 60 + 16);
-  std::string_view rest(bytes);
-  while (!rest.empty()) {
-    size_t end = rest.find_first_of("\r\n");
-    if (end == std::string_view::npos) {
-      lines.push_back(rest);
-      break;
-    }
-    lines.push_back(rest.substr(0, end));
-    size_t next = end + 1;
-    if (rest[end] == '\r' && next < rest.size() && rest[next] == '\n') ++next;
-    rest.remove_prefix(next);
-  }
-  return lines;
-}
-
 bool StartsWithIgnoringCase(std::string_view text, std::string_view key) {
   if (text.size() < key.size()) return false;
   for (size_t i = 0; i < key.size(); ++i) {
@@ -77,13 +57,6 @@ bool StartsWithIgnoringCase(std::string_view text, std::string_view key) {
     if (lower(text[i]) != lower(key[i])) return false;
   }
   return true;
-}
-
-// A whole field as a number: nothing may stand behind it.
-bool ParseNumber(std::string_view text, double& value) {
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
 }
 
 bool ParseInt(std::string_view text, int& value) {
@@ -111,7 +84,8 @@ bool ParseDate(std::string_view text, ClimateDate& date) {
 
 class Parser {
  public:
-  Parser(const std::string& path, const std::string& bytes) : path_(path), lines_(Lines(bytes)) {}
+  Parser(const std::string& path, const std::string& bytes)
+      : path_(path), lines_(SplitLines(bytes)) {}
 
   ClimateData Parse() {
     ClimateData data;
@@ -159,7 +133,7 @@ class Parser {
 
   double Number(int number, const char* key) const {
     double value = 0;
-    if (!ParseNumber(FirstWord(Behind(number, key)), value)) {
+    if (!ParseNumberField(FirstWord(Behind(number, key)), value)) {
       Fail(number, std::string("The value behind \"") + key + "\" is no number");
     }
     return value;
@@ -238,7 +212,7 @@ class Parser {
         value = std::numeric_limits<double>::quiet_NaN();
         continue;
       }
-      if (!ParseNumber(field, value)) {
+      if (!ParseNumberField(field, value)) {
         Fail(number, std::string("The value of ") + kClimateColumnNames[c] + " is no number");
       }
       if (value < kClimateLimits[c].min || value > kClimateLimits[c].max) {
@@ -271,6 +245,31 @@ bool Follows(const ClimateHour& before, const ClimateHour& hour) {
   const bool month_ended =
       before.day == DaysInMonth(before.month) || (before.month == 2 && before.day == 28);
   return next_month && month_ended && hour.day == 1;
+}
+
+std::vector<std::string_view> SplitLines(const std::string& bytes) {
+  std::vector<std::string_view> lines;
+  lines.reserve(bytes.size() / 60 + 16);
+  std::string_view rest(bytes);
+  while (!rest.empty()) {
+    size_t end = rest.find_first_of("\r\n");
+    if (end == std::string_view::npos) {
+      lines.push_back(rest);
+      break;
+    }
+    lines.push_back(rest.substr(0, end));
+    size_t next = end + 1;
+    if (rest[end] == '\r' && next < rest.size() && rest[next] == '\n') ++next;
+    rest.remove_prefix(next);
+  }
+  return lines;
+}
+
+bool ParseNumberField(std::string_view text, double& value) {
+  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return !text.empty() && error == std::errc() && end == text.data() + text.size() &&
+         std::isfinite(value);
 }
 
 int DaysInMonth(int month) {
@@ -345,6 +344,31 @@ std::string ClimateFileText(const ClimateData& data) {
 
 bool WriteClimateFile(const std::string& path, const ClimateData& data) {
   return WriteAllBytes(path, ClimateFileText(data));
+}
+
+namespace {
+
+// The place of an hour in a leap year, from 0; -1 for no hour.
+int CalendarSlot(int month, int day, int hour) {
+  if (!IsClimateDate({2000, month, day}) || hour < 1 || hour > 24) return -1;
+  int days = 0;
+  for (int m = 1; m < month; ++m) days += DaysInMonth(m);
+  return (days + day - 1) * 24 + hour - 1;
+}
+
+}  // namespace
+
+ClimateCalendar::ClimateCalendar(const ClimateData& data) : index_(366 * 24, -1) {
+  for (size_t i = 0; i < data.hours.size(); ++i) {
+    const ClimateHour& h = data.hours[i];
+    const int slot = CalendarSlot(h.month, h.day, h.hour);
+    if (slot >= 0 && index_[slot] < 0) index_[slot] = static_cast<int>(i);
+  }
+}
+
+int ClimateCalendar::Find(int month, int day, int hour) const {
+  const int slot = CalendarSlot(month, day, hour);
+  return slot < 0 ? -1 : index_[slot];
 }
 
 int MissingCount(const ClimateData& data, ClimateColumn column) {

@@ -28,6 +28,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelmo::modules {
@@ -99,6 +100,13 @@ extern const std::array<ClimateLimits, kClimateColumns> kClimateLimits;
 int DaysInMonth(int month);
 bool IsClimateDate(const ClimateDate& date);
 
+// The lines of a file's bytes, their ends (CR LF, LF or CR) left off; a last
+// line without its end counts.
+std::vector<std::string_view> SplitLines(const std::string& bytes);
+// A whole field as a finite number, a leading "+" allowed; false when
+// anything else stands in it.
+bool ParseNumberField(std::string_view text, double& value);
+
 // A date as the file writes it: "1995.01.31".
 std::string DateText(const ClimateDate& date);
 
@@ -123,6 +131,18 @@ std::string ClimateFileText(const ClimateData& data);
 // Writes the file whole through a temporary; false when it could not be
 // written, and then nothing is left at `path`'s place but the old file.
 bool WriteClimateFile(const std::string& path, const ClimateData& data);
+
+// Where each hour of the calendar stands in a file, the year aside (the
+// modules look a period's hours up by month, day and hour): the index of its
+// first line in `hours`, or -1 when the file lacks it.
+class ClimateCalendar {
+ public:
+  explicit ClimateCalendar(const ClimateData& data);
+  int Find(int month, int day, int hour) const;
+
+ private:
+  std::vector<int> index_;  // 366 days of 24 hours, 29 February included
+};
 
 // The number of hours of a column that hold no value (NaN).
 int MissingCount(const ClimateData& data, ClimateColumn column);

@@ -46,13 +46,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(start, end - start + 1);
 }
 
-bool ToNumber(std::string_view text, double& value) {
-  text = Trim(text);
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return !text.empty() && error == std::errc() && end == text.data() + text.size() &&
-         std::isfinite(value);
-}
+bool ToNumber(std::string_view text, double& value) { return ParseNumberField(Trim(text), value); }
 
 bool ToInt(std::string_view text, int& value) {
   double number = 0;
@@ -65,19 +59,8 @@ bool ToInt(std::string_view text, int& value) {
 
 class EpwParser {
  public:
-  EpwParser(const std::string& path, const std::string& bytes) : path_(path) {
-    std::string_view rest(bytes);
-    while (!rest.empty()) {
-      size_t end = rest.find_first_of("\r\n");
-      if (end == std::string_view::npos) {
-        lines_.push_back(rest);
-        break;
-      }
-      lines_.push_back(rest.substr(0, end));
-      size_t next = end + 1;
-      if (rest[end] == '\r' && next < rest.size() && rest[next] == '\n') ++next;
-      rest.remove_prefix(next);
-    }
+  EpwParser(const std::string& path, const std::string& bytes)
+      : path_(path), lines_(SplitLines(bytes)) {
     while (!lines_.empty() && Trim(lines_.back()).empty()) lines_.pop_back();
   }
 

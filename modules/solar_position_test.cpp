@@ -56,7 +56,7 @@ TEST(SunPath, AgreesWithTheFullAlgorithmEveryHourOfAYear) {
     for (int day = 1; day <= 28; day += 3) {
       for (int hour = 1; hour <= 24; ++hour) {
         SunPosition full = SunAt(site, 2003, month, day, ClimateHourInstant(hour));
-        SunPosition fast = path.ForClimateHour(2003, month, day, hour);
+        SunPosition fast = path.At(2003, month, day, ClimateHourInstant(hour));
         worst = std::max(worst, std::fabs(full.zenith - fast.zenith));
         if (full.zenith < 89) {  // the azimuth is ill-defined only at the zenith
           double d = std::fabs(full.azimuth - fast.azimuth);
