@@ -101,18 +101,6 @@ void LengthsAt(const Poly2& receiver, const std::vector<const Poly2*>& shadows, 
   }
 }
 
-// The part of a loop in front of a plane (Sutherland-Hodgman, one plane).
-std::vector<Vec3> InFront(const std::vector<Vec3>& loop, Vec3 point, Vec3 normal) {
-  std::vector<Vec3> out;
-  for (size_t k = 0; k < loop.size(); ++k) {
-    const Vec3 a = loop[k], b = loop[(k + 1) % loop.size()];
-    const double da = Dot(a - point, normal), db = Dot(b - point, normal);
-    if (da >= 0) out.push_back(a);
-    if ((da > 0 && db < 0) || (da < 0 && db > 0)) out.push_back(a + (da / (da - db)) * (b - a));
-  }
-  return out;
-}
-
 }  // namespace
 
 double SunlitFraction(const ShadingScene& scene, Vec3 sun) {
@@ -136,7 +124,7 @@ double SunlitFraction(const ShadingScene& scene, Vec3 sun) {
     Poly2 shadow;
     for (const auto& loop : shader) {
       Loop2 l;
-      for (const Vec3& p : InFront(loop, origin, scene.normal)) {
+      for (const Vec3& p : ClipToFront(loop, origin, scene.normal)) {
         const double height = Dot(p - origin, scene.normal);
         l.push_back(flat(p - (height / facing) * sun));
       }
