@@ -40,6 +40,24 @@ struct ExampleRun {
   std::ostringstream out, err;
 };
 
+// The program tree as it ships: the project's own PLOR and NEB compute the
+// example's geometry and shading, and their reports join the case's results.
+TEST(CommandLine, RunsTheExampleThroughTheShippedModules) {
+  ExampleRun r;
+  r.settings.values["Zelmo-QRN/Project/SystemPath"] = std::getenv("ZELMO_DIST_DIR");
+  ASSERT_EQ(r.Run({"run", r.dir / "Example", "case1"}), kExitOk) << r.err.str();
+  const std::string geometry =
+      "case1: PLOR started\ncase1: PLOR ended\ncase1: NEB started\ncase1: NEB ended\ncase1: C";
+  EXPECT_EQ(r.out.str().substr(0, geometry.size()), geometry);
+  EXPECT_EQ(r.Case("THERMAL.INP"), "------\r\n");
+  const std::string head = r.Case("PLOR.RES").substr(0, 15);
+  EXPECT_EQ(head, "ZELMO-QRN PLOR ");
+  EXPECT_NE(r.Case("PLOR.LIS").find("     1         8           20.000           54.000"),
+            std::string::npos);
+  EXPECT_EQ(r.Case("NEB.LIS").substr(0, 14), "ZELMO-QRN NEB ");
+  EXPECT_EQ(r.Case("ECM.Dat").substr(0, 6), "    0 ");
+}
+
 TEST(CommandLine, RunsTheExampleThroughTheStandInsAndCommitsTheFlags) {
   ExampleRun r;
   const std::string project = r.dir / "Example";

@@ -86,6 +86,17 @@ Vec3 Mean(const std::vector<Vec3>& points) {
   return points.empty() ? sum : (1.0 / static_cast<double>(points.size())) * sum;
 }
 
+std::vector<Vec3> ClipToFront(const std::vector<Vec3>& loop, Vec3 point, Vec3 normal) {
+  std::vector<Vec3> out;
+  for (size_t k = 0; k < loop.size(); ++k) {
+    const Vec3 a = loop[k], b = loop[(k + 1) % loop.size()];
+    const double da = Dot(a - point, normal), db = Dot(b - point, normal);
+    if (da >= 0) out.push_back(a);
+    if ((da > 0 && db < 0) || (da < 0 && db > 0)) out.push_back(a + (da / (da - db)) * (b - a));
+  }
+  return out;
+}
+
 void TiltAndAzimuth(Vec3 direction, double& tilt, double& azimuth) {
   tilt = Degrees(std::acos(std::fmax(-1.0, std::fmin(1.0, direction.z))));
   const double level = std::hypot(direction.x, direction.y);

@@ -83,6 +83,10 @@ std::vector<Surface> BuildSurfaces(const Dat1Building& building);
 // The tilt and azimuth of a direction (of length 1), as a surface gives them.
 void TiltAndAzimuth(Vec3 direction, double& tilt, double& azimuth);
 
+// The part of a plane loop on the front side of the plane through `point`
+// with `normal` (Sutherland-Hodgman clipping against one plane).
+std::vector<Vec3> ClipToFront(const std::vector<Vec3>& loop, Vec3 point, Vec3 normal);
+
 // The mean of points; the origin when there are none.
 Vec3 Mean(const std::vector<Vec3>& points);
 

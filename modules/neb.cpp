@@ -73,6 +73,7 @@ NebResult ComputeNeb(const PlorResult& plor) {
     n.outward = o.outward;
     n.sky_view = o.sky;
     const ShadingScene scene = SceneFor(plor, k);
+    ShadowCaster caster(scene);
     n.open = scene.shaders.empty();
     if (!n.open) {
       // The sky seen: the sunlit fraction of each direction of the grid
@@ -85,7 +86,7 @@ NebResult ComputeNeb(const PlorResult& plor) {
         const double edge = a == 0 || a == kNebAltitudes - 1 ? 0.5 : 1;
         for (int g = 0; g < kNebAzimuths; ++g) {
           const Vec3 sun = SunDirection(a * kNebStep, g * kNebStep);
-          const double fraction = SunlitFraction(scene, sun);
+          const double fraction = caster.SunlitFraction(sun);
           n.table[a][g] = fraction;
           const double weight =
               std::max(0.0, Dot(sun, o.outward)) * std::cos(a * kNebStep * kDegree) * edge;

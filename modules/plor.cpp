@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 
 #include "core/numbers.h"
 #include "core/text_file.h"
@@ -19,7 +20,7 @@ constexpr double kClosureTolerance = 1e-3;
 // A surface below this area (m²) is degenerate.
 constexpr double kLeastArea = 1e-6;
 // A floor faces down within 30 degrees.
-const double kFloorCosine = std::cos(30 * 3.14159265358979323846 / 180);
+const double kFloorCosine = std::cos(30 * std::numbers::pi / 180);
 
 std::string Number(double value) {
   char text[40];

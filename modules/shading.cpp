@@ -7,26 +7,13 @@ namespace zelmo::modules {
 
 namespace {
 
-struct P2 {
-  double u, v;
-};
-using Loop2 = std::vector<P2>;
-using Poly2 = std::vector<Loop2>;
-
-struct Box2 {
-  double u0 = 1e300, u1 = -1e300, v0 = 1e300, v1 = -1e300;
-  void Add(P2 p) {
-    u0 = std::min(u0, p.u);
-    u1 = std::max(u1, p.u);
-    v0 = std::min(v0, p.v);
-    v1 = std::max(v1, p.v);
-  }
-  bool Overlaps(const Box2& o) const { return u0 < o.u1 && o.u0 < u1 && v0 < o.v1 && o.v0 < v1; }
-};
+using P2 = ShadowCaster::P2;
+using Poly2 = ShadowCaster::Poly2;
+using Box2 = ShadowCaster::Box2;
 
 Box2 BoxOf(const Poly2& poly) {
   Box2 box;
-  for (const Loop2& loop : poly) {
+  for (const auto& loop : poly) {
     for (P2 p : loop) box.Add(p);
   }
   return box;
@@ -36,7 +23,7 @@ Box2 BoxOf(const Poly2& poly) {
 // in pairs they are the inside intervals (even-odd).
 void Crossings(const Poly2& poly, double v, std::vector<double>& out) {
   out.clear();
-  for (const Loop2& loop : poly) {
+  for (const auto& loop : poly) {
     for (size_t k = 0; k < loop.size(); ++k) {
       const P2 a = loop[k], b = loop[(k + 1) % loop.size()];
       if ((a.v <= v) == (b.v <= v)) continue;
@@ -47,16 +34,13 @@ void Crossings(const Poly2& poly, double v, std::vector<double>& out) {
   if (out.size() % 2) out.pop_back();
 }
 
-struct Interval {
-  double a, b;
-};
-
-// The v of crossings of two edges, where the covered length may bend.
+// The v of crossings of two polygons' edges, where the covered length may
+// bend.
 void EdgeCrossings(const Poly2& p, const Poly2& q, std::vector<double>& vs) {
-  for (const Loop2& lp : p) {
+  for (const auto& lp : p) {
     for (size_t i = 0; i < lp.size(); ++i) {
       const P2 a = lp[i], b = lp[(i + 1) % lp.size()];
-      for (const Loop2& lq : q) {
+      for (const auto& lq : q) {
         for (size_t j = 0; j < lq.size(); ++j) {
           const P2 c = lq[j], d = lq[(j + 1) % lq.size()];
           const double den = (b.u - a.u) * (d.v - c.v) - (b.v - a.v) * (d.u - c.u);
@@ -70,109 +54,128 @@ void EdgeCrossings(const Poly2& p, const Poly2& q, std::vector<double>& vs) {
   }
 }
 
-// The receiver's length and the part of it covered by the shadows along
-// the line v = const.
-void LengthsAt(const Poly2& receiver, const std::vector<const Poly2*>& shadows, double v,
-               double& length, double& covered) {
-  static thread_local std::vector<double> cut;
-  static thread_local std::vector<Interval> shade;
-  Crossings(receiver, v, cut);
-  std::vector<Interval> inside;
-  for (size_t k = 0; k + 1 < cut.size(); k += 2) inside.push_back({cut[k], cut[k + 1]});
-  shade.clear();
-  for (const Poly2* shadow : shadows) {
-    Crossings(*shadow, v, cut);
-    for (size_t k = 0; k + 1 < cut.size(); k += 2) shade.push_back({cut[k], cut[k + 1]});
+}  // namespace
+
+void ShadowCaster::Box2::Add(P2 p) {
+  u0 = std::min(u0, p.u);
+  u1 = std::max(u1, p.u);
+  v0 = std::min(v0, p.v);
+  v1 = std::max(v1, p.v);
+}
+
+bool ShadowCaster::Box2::Overlaps(const Box2& o) const {
+  return u0 < o.u1 && o.u0 < u1 && v0 < o.v1 && o.v0 < v1;
+}
+
+ShadowCaster::ShadowCaster(const ShadingScene& scene) : normal_(scene.normal) {
+  if (scene.receiver.empty() || scene.receiver[0].size() < 3) return;
+  const Vec3 origin = scene.receiver[0][0];
+  u_ = scene.receiver[0][1] - origin;
+  u_ = (1 / Length(u_)) * u_;
+  w_ = Cross(normal_, u_);
+  for (const auto& loop : scene.receiver) {
+    std::vector<P2> l;
+    for (const Vec3& p : loop) l.push_back({Dot(p - origin, u_), Dot(p - origin, w_)});
+    receiver_.push_back(l);
   }
-  std::sort(shade.begin(), shade.end(), [](Interval x, Interval y) { return x.a < y.a; });
+  box_ = BoxOf(receiver_);
+  for (const Loops& shader : scene.shaders) {
+    std::vector<std::vector<P3>> loops;
+    for (const auto& loop : shader) {
+      std::vector<P3> l;
+      for (const Vec3& p : ClipToFront(loop, origin, normal_)) {
+        l.push_back({Dot(p - origin, u_), Dot(p - origin, w_), Dot(p - origin, normal_)});
+      }
+      if (l.size() >= 3) loops.push_back(l);
+    }
+    if (!loops.empty()) shaders_.push_back(loops);
+  }
+}
+
+// The receiver's length and the part of it the first `shadows` shadows
+// cover along the line v = const.
+void ShadowCaster::LengthsAt(size_t shadows, double v, double& length, double& covered) {
+  Crossings(receiver_, v, cut_);
+  inside_.clear();
+  for (size_t k = 0; k + 1 < cut_.size(); k += 2) inside_.push_back({cut_[k], cut_[k + 1]});
+  shade_.clear();
+  for (size_t s = 0; s < shadows; ++s) {
+    Crossings(shadows_[s], v, cut_);
+    for (size_t k = 0; k + 1 < cut_.size(); k += 2) shade_.push_back({cut_[k], cut_[k + 1]});
+  }
+  std::sort(shade_.begin(), shade_.end(), [](Interval x, Interval y) { return x.a < y.a; });
   // The union of the shadows' intervals.
-  std::vector<Interval> merged;
-  for (Interval i : shade) {
-    if (!merged.empty() && i.a <= merged.back().b) {
-      merged.back().b = std::max(merged.back().b, i.b);
+  merged_.clear();
+  for (Interval i : shade_) {
+    if (!merged_.empty() && i.a <= merged_.back().b) {
+      merged_.back().b = std::max(merged_.back().b, i.b);
     } else {
-      merged.push_back(i);
+      merged_.push_back(i);
     }
   }
   length = covered = 0;
-  for (Interval r : inside) {
+  for (Interval r : inside_) {
     length += r.b - r.a;
-    for (Interval m : merged) covered += std::max(0.0, std::min(r.b, m.b) - std::max(r.a, m.a));
+    for (Interval m : merged_) covered += std::max(0.0, std::min(r.b, m.b) - std::max(r.a, m.a));
   }
 }
 
-// The part of a loop in front of a plane (Sutherland-Hodgman, one plane).
-std::vector<Vec3> InFront(const std::vector<Vec3>& loop, Vec3 point, Vec3 normal) {
-  std::vector<Vec3> out;
-  for (size_t k = 0; k < loop.size(); ++k) {
-    const Vec3 a = loop[k], b = loop[(k + 1) % loop.size()];
-    const double da = Dot(a - point, normal), db = Dot(b - point, normal);
-    if (da >= 0) out.push_back(a);
-    if ((da > 0 && db < 0) || (da < 0 && db > 0)) out.push_back(a + (da / (da - db)) * (b - a));
-  }
-  return out;
-}
-
-}  // namespace
-
-double SunlitFraction(const ShadingScene& scene, Vec3 sun) {
-  const double facing = Dot(sun, scene.normal);
-  if (scene.receiver.empty() || scene.receiver[0].size() < 3 || !(facing > 1e-9)) return 0;
-  // The receiver's own plane coordinates.
-  const Vec3 origin = scene.receiver[0][0];
-  Vec3 u = scene.receiver[0][1] - origin;
-  u = (1 / Length(u)) * u;
-  const Vec3 w = Cross(scene.normal, u);
-  auto flat = [&](Vec3 p) { return P2{Dot(p - origin, u), Dot(p - origin, w)}; };
-  Poly2 receiver;
-  for (const auto& loop : scene.receiver) {
-    Loop2 l;
-    for (const Vec3& p : loop) l.push_back(flat(p));
-    receiver.push_back(l);
-  }
-  const Box2 box = BoxOf(receiver);
-  std::vector<Poly2> shadows;
-  for (const Loops& shader : scene.shaders) {
-    Poly2 shadow;
-    for (const auto& loop : shader) {
-      Loop2 l;
-      for (const Vec3& p : InFront(loop, origin, scene.normal)) {
-        const double height = Dot(p - origin, scene.normal);
-        l.push_back(flat(p - (height / facing) * sun));
+double ShadowCaster::SunlitFraction(Vec3 sun) {
+  const double facing = Dot(sun, normal_);
+  if (receiver_.empty() || !(facing > 1e-9)) return 0;
+  // A corner at height h in front of the plane casts its shadow h / facing
+  // along the sun's ray back onto it.
+  const double su = Dot(sun, u_) / facing, sv = Dot(sun, w_) / facing;
+  size_t count = 0;
+  for (const auto& shader : shaders_) {
+    if (shadows_.size() <= count) shadows_.emplace_back();
+    Poly2& shadow = shadows_[count];
+    shadow.resize(shader.size());
+    Box2 box;
+    for (size_t k = 0; k < shader.size(); ++k) {
+      shadow[k].clear();
+      for (const P3& p : shader[k]) {
+        const P2 q{p.u - p.h * su, p.v - p.h * sv};
+        shadow[k].push_back(q);
+        box.Add(q);
       }
-      if (l.size() >= 3) shadow.push_back(l);
     }
-    if (!shadow.empty() && BoxOf(shadow).Overlaps(box)) shadows.push_back(std::move(shadow));
+    if (!box.Overlaps(box_)) continue;
+    if (boxes_.size() <= count) boxes_.emplace_back();
+    boxes_[count++] = box;
   }
-  if (shadows.empty()) return 1;
+  if (count == 0) return 1;
   // The bands: between the corners of every outline and the crossings of
   // their edges, inside the receiver's extent.
-  std::vector<double> vs;
-  std::vector<const Poly2*> all = {&receiver};
-  for (const Poly2& s : shadows) all.push_back(&s);
-  for (const Poly2* poly : all) {
-    for (const Loop2& loop : *poly) {
-      for (P2 p : loop) vs.push_back(p.v);
+  vs_.clear();
+  for (const auto& loop : receiver_) {
+    for (P2 p : loop) vs_.push_back(p.v);
+  }
+  for (size_t i = 0; i < count; ++i) {
+    for (const auto& loop : shadows_[i]) {
+      for (P2 p : loop) vs_.push_back(p.v);
+    }
+    if (boxes_[i].Overlaps(box_)) EdgeCrossings(receiver_, shadows_[i], vs_);
+    for (size_t j = i + 1; j < count; ++j) {
+      if (boxes_[i].Overlaps(boxes_[j])) EdgeCrossings(shadows_[i], shadows_[j], vs_);
     }
   }
-  for (size_t i = 0; i < all.size(); ++i) {
-    for (size_t j = i + 1; j < all.size(); ++j) {
-      if (BoxOf(*all[i]).Overlaps(BoxOf(*all[j]))) EdgeCrossings(*all[i], *all[j], vs);
-    }
-  }
-  std::sort(vs.begin(), vs.end());
-  std::vector<const Poly2*> shadow_list(all.begin() + 1, all.end());
+  std::sort(vs_.begin(), vs_.end());
   double area = 0, covered = 0;
-  for (size_t k = 0; k + 1 < vs.size(); ++k) {
-    const double v0 = std::max(vs[k], box.v0), v1 = std::min(vs[k + 1], box.v1);
+  for (size_t k = 0; k + 1 < vs_.size(); ++k) {
+    const double v0 = std::max(vs_[k], box_.v0), v1 = std::min(vs_[k + 1], box_.v1);
     if (!(v1 > v0)) continue;
     double length = 0, shaded = 0;
-    LengthsAt(receiver, shadow_list, 0.5 * (v0 + v1), length, shaded);
+    LengthsAt(count, 0.5 * (v0 + v1), length, shaded);
     area += length * (v1 - v0);
     covered += shaded * (v1 - v0);
   }
   if (!(area > 0)) return 1;
   return std::clamp(1 - covered / area, 0.0, 1.0);
+}
+
+double SunlitFraction(const ShadingScene& scene, Vec3 sun) {
+  return ShadowCaster(scene).SunlitFraction(sun);
 }
 
 }  // namespace zelmo::modules

@@ -30,8 +30,48 @@ struct ShadingScene {
   std::vector<Loops> shaders;
 };
 
-// The sunlit fraction (0 to 1) of the receiver for a sun in `sun`
-// (towards the sun, length 1): 0 when the sun is behind its plane.
+// The shadows on one receiver for any sun: what does not depend on the sun
+// (the receiver in its own plane, the shaders clipped to its front side) is
+// made once, and the buffers of the sweep are kept between suns.
+class ShadowCaster {
+ public:
+  explicit ShadowCaster(const ShadingScene& scene);
+  // The sunlit fraction (0 to 1) of the receiver for a sun in `sun`
+  // (towards the sun, length 1): 0 when the sun is behind its plane.
+  double SunlitFraction(Vec3 sun);
+
+  struct P2 {
+    double u, v;
+  };
+  using Poly2 = std::vector<std::vector<P2>>;
+  struct Box2 {
+    double u0 = 1e300, u1 = -1e300, v0 = 1e300, v1 = -1e300;
+    void Add(P2 p);
+    bool Overlaps(const Box2& o) const;
+  };
+  // A shader's corner: in the receiver's plane coordinates and its height
+  // in front of that plane.
+  struct P3 {
+    double u, v, h;
+  };
+
+ private:
+  Vec3 normal_, u_, w_;
+  Poly2 receiver_;
+  Box2 box_;
+  std::vector<std::vector<std::vector<P3>>> shaders_;
+  // Kept between suns.
+  std::vector<Poly2> shadows_;
+  std::vector<Box2> boxes_;
+  std::vector<double> vs_, cut_;
+  struct Interval {
+    double a, b;
+  };
+  std::vector<Interval> inside_, shade_, merged_;
+  void LengthsAt(size_t shadows, double v, double& length, double& covered);
+};
+
+// The same for one sun.
 double SunlitFraction(const ShadingScene& scene, Vec3 sun);
 
 }  // namespace zelmo::modules

@@ -52,19 +52,6 @@ void AddEdges(const std::vector<Vec3>& loop, double sign, std::vector<Edge>& edg
   }
 }
 
-// The part of a loop in front of the plane through `point` with `normal`
-// (Sutherland-Hodgman against one plane).
-std::vector<Vec3> ClipLoop(const std::vector<Vec3>& loop, Vec3 point, Vec3 normal) {
-  std::vector<Vec3> out;
-  for (size_t k = 0; k < loop.size(); ++k) {
-    const Vec3 a = loop[k], b = loop[(k + 1) % loop.size()];
-    const double da = Dot(a - point, normal), db = Dot(b - point, normal);
-    if (da >= 0) out.push_back(a);
-    if ((da > 0 && db < 0) || (da < 0 && db > 0)) out.push_back(a + (da / (da - db)) * (b - a));
-  }
-  return out;
-}
-
 // The largest distance of a region's points in front of a plane.
 double Reach(const PlaneRegion& r, Vec3 point, Vec3 normal) {
   double most = -1e300;
@@ -74,8 +61,8 @@ double Reach(const PlaneRegion& r, Vec3 point, Vec3 normal) {
 
 void EdgesInFront(const PlaneRegion& r, Vec3 point, Vec3 normal, std::vector<Edge>& edges,
                   std::vector<double>& signs) {
-  AddEdges(ClipLoop(r.outline, point, normal), 1, edges, signs);
-  for (const auto& hole : r.holes) AddEdges(ClipLoop(hole, point, normal), -1, edges, signs);
+  AddEdges(ClipToFront(r.outline, point, normal), 1, edges, signs);
+  for (const auto& hole : r.holes) AddEdges(ClipToFront(hole, point, normal), -1, edges, signs);
 }
 
 }  // namespace

@@ -5,10 +5,13 @@
 #include <random>
 #include <utility>
 
+#include "core/file_system.h"
 #include "core/form_helpers.h"
 #include "core/numbers.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "modules/dat1.h"
+#include "modules/geometry.h"
 #include "simulation/help_topics.h"
 #include "simulation/prepare_case.h"
 #include "workspace/project_store.h"
@@ -17,107 +20,47 @@ namespace zelmo {
 
 namespace {
 
-// The field of `width` characters from `column` (counted from 1), trimmed;
-// empty where the line is shorter.
-std::string Cut(const std::string& line, size_t column, size_t width) {
-  if (line.size() < column) return "";
-  return TrimBlanks(line.substr(column - 1, width));
-}
-
-// A number of the file, whichever separator the line shows.
+// A number of the list, whichever separator it shows.
 double Dat1Value(std::string text) {
   std::replace(text.begin(), text.end(), ',', '.');
   return Val(TrimBlanks(text));
 }
 
-// Codes and numbers are whole: "3.00" shows as "3". Anything else shows as
-// it stands.
-std::string WholeText(const std::string& text) {
-  double value = Dat1Value(text);
-  if (!std::isfinite(value) || std::fabs(value) > 1e9 || value != std::floor(value)) return text;
-  return std::to_string(static_cast<long long>(value));
+// What a part of an element is made of, as the list shows it: the wall's
+// number, "0" for a shading screen, or "W" and the window type.
+std::string ConstructionText(const modules::Dat1Part& part) {
+  if (part.construction == modules::Part::kShadingScreen) return "0";
+  if (part.construction == modules::Part::kWall) return std::to_string(part.wall);
+  if (part.window) return "W" + part.window_type;
+  return "";
 }
-
-// A count of the file's lines, kept within what any file can hold.
-size_t Count(const std::string& text) {
-  double value = Dat1Value(text);
-  if (!(value > 0)) return 0;
-  return static_cast<size_t>(std::min(value, 1e6));
-}
-
-// The kinds of construction a surface's line opens with.
-constexpr int kScreenCode = 0;
-constexpr int kWallCode = 1;
-constexpr int kWindowCode = 6;
-// The shape with a hole, as the modules number shapes.
-constexpr int kHoleShape = 3;
-
-class Dat1Reader {
- public:
-  Dat1Reader(const std::string& path, bool decimal_comma) : in_(path), comma_(decimal_comma) {}
-
-  std::string Next() {
-    std::string line = in_.ReadLine();
-    if (comma_) std::replace(line.begin(), line.end(), '.', ',');
-    return line;
-  }
-  void Skip(size_t lines) { in_.Skip(lines); }
-
-  // The construction whose code and number stand at `column`, and the line
-  // that follows it: the emittances of a wall, the type of a window.
-  std::string Construction(const std::string& line, size_t column) {
-    const double code = Dat1Value(Cut(line, column, 5));
-    std::string number = Cut(line, column + 5, 5);
-    if (code == kScreenCode) return "0";
-    if (code == kWallCode) {
-      Next();
-      return WholeText(number);
-    }
-    if (code == kWindowCode) return "W" + TrimBlanks(Next());
-    return number;
-  }
-
- private:
-  TextReader in_;
-  bool comma_;
-};
 
 }  // namespace
 
 Dat1Surfaces GetDat1(const std::string& path, bool decimal_comma) {
-  Dat1Reader in(path, decimal_comma);
+  std::optional<std::string> bytes = ReadAllBytes(path);
+  if (!bytes) throw FileError(path, 0, "The file cannot be opened");
+  const modules::Dat1Building building = modules::ParseDat1(path, *bytes);
+  auto shown = [decimal_comma](std::string text) {
+    if (decimal_comma) std::replace(text.begin(), text.end(), '.', ',');
+    return text;
+  };
   Dat1Surfaces read;
-  in.Skip(1);  // the headline
-  std::string counts = in.Next();
-  size_t volumes = Count(Cut(counts, 1, 7));
-  size_t elements = Count(Cut(counts, 8, 7));
-  // The fluid of each volume and the advection of each pair.
-  in.Skip(volumes + volumes * (volumes - 1) / 2);
-  for (size_t element = 1; element <= elements; ++element) {
-    std::string head = in.Next();
+  for (const modules::Surface& s : modules::BuildSurfaces(building)) {
+    const modules::Dat1Element& el = building.elements[s.element];
     Dat1Surface surface;
-    surface.element = static_cast<int>(element);
-    surface.name = Cut(head, 1, 10);
-    surface.shape = WholeText(Cut(head, 11, 10));
-    surface.zenith = Cut(head, 21, 10);
-    surface.azimuth = Cut(head, 31, 10);
-    surface.x = Cut(head, 41, 10);
-    surface.y = Cut(head, 51, 10);
-    surface.z = Cut(head, 61, 10);
-    surface.front = WholeText(Cut(head, 71, 5));
-    surface.back = WholeText(Cut(head, 76, 5));
-    const bool outdoors = Dat1Value(surface.front) <= 0 || Dat1Value(surface.back) <= 0;
-    // The geometry's six values come first on the construction's line.
-    surface.construction = in.Construction(in.Next(), 43);
-    const bool with_hole = Dat1Value(surface.shape) == kHoleShape;
-    Dat1Surface hole = surface;
-    surface.sequence = ++read.total;
-    if (outdoors) read.outdoors.push_back(surface);
-    if (!with_hole) continue;
-    hole.hole = true;
-    hole.construction = in.Construction(in.Next(), 1);
-    hole.sequence = ++read.total;
-    if (outdoors) read.outdoors.push_back(hole);
+    surface.sequence = s.number;
+    surface.element = static_cast<int>(s.element) + 1;
+    surface.hole = s.in_hole;
+    surface.name = el.name;
+    surface.shape = std::to_string(el.shape);
+    std::string* texts[] = {&surface.zenith, &surface.azimuth, &surface.x, &surface.y, &surface.z};
+    for (size_t k = 0; k < el.texts.size(); ++k) *texts[k] = shown(el.texts[k]);
+    surface.front = std::to_string(el.front);
+    surface.back = std::to_string(el.back);
+    surface.construction = ConstructionText(s.in_hole ? el.hole : el.main);
+    read.total = s.number;
+    if (el.front <= 0 || el.back <= 0) read.outdoors.push_back(surface);
   }
   return read;
 }

@@ -14,7 +14,7 @@ namespace zelmo {
 
 struct Session;
 
-// One surface of DAT1.DAT, its fields as cut from their columns and trimmed.
+// One surface of DAT1.DAT, its fields as the file writes them, trimmed.
 struct Dat1Surface {
   int sequence = 0;  // counted over every surface of the file, from 1
   int element = 0;   // the element it belongs to, from 1
@@ -30,9 +30,10 @@ struct Dat1Surfaces {
   std::vector<Dat1Surface> outdoors;  // those with Outdoor or Ground on a side
 };
 
-// Reads DAT1.DAT back at its fixed columns. With `decimal_comma` every "."
-// of a line becomes "," first, as the system's number format shows numbers.
-// A file cut short throws FileError naming it and the line.
+// Reads DAT1.DAT back through the modules' own reader, so the list counts
+// the surfaces as the modules do. With `decimal_comma` every "." of a number
+// shown becomes ",", as the system's number format shows numbers. A damaged
+// file throws FileError naming it and the line.
 Dat1Surfaces GetDat1(const std::string& path, bool decimal_comma);
 
 // The choices of Option1.

@@ -125,12 +125,15 @@ TEST(GetDat1, CutsTheColumnsAndCountsEverySurface) {
 TEST(GetDat1, AFileCutShortIsNamedWithItsLine) {
   testing::TempDir dir;
   const std::string text = kDat1;
-  for (const auto& [lines, line] : {std::pair{2, 3}, {7, 8}, {14, 15}}) {
+  const std::pair<int, const char*> cuts[] = {{2, "The file ends too early"},
+                                              {7, "The file ends before element 2 of 3"},
+                                              {14, "The file ends too early"}};
+  for (const auto& [lines, what] : cuts) {
     size_t end = 0;
     for (int i = 0; i < lines; ++i) end = text.find("\r\n", end) + 2;
     WriteBytes(dir / "DAT1.DAT", text.substr(0, end));
     EXPECT_EQ(testing::FileErrorText([&] { GetDat1(dir / "DAT1.DAT", false); }),
-              "Input past end of file\r" + (dir / "DAT1.DAT") + ", line " + std::to_string(line))
+              what + ("\r" + (dir / "DAT1.DAT")) + ", line " + std::to_string(lines + 1))
         << lines;
   }
 }

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <sstream>
 
 #include "core/fields.h"
 #include "core/file_system.h"
 #include "core/testing/fakes.h"
 #include "core/text_file.h"
+#include "modules/dat1_test_buildings.h"
+#include "modules/neb.h"
+#include "modules/plor.h"
 #include "simulation/launchers.h"
 #include "simulation/module_error.h"
 #include "simulation/results_screen.h"
@@ -127,6 +131,93 @@ TEST(ModuleError, TheShippedTableHasATextForEveryModule) {
   }
   EXPECT_EQ(FindErrorEntries(*lines, 701)[0].module, "ZELMO-QRN");
   EXPECT_EQ(FindErrorEntries(*lines, kCannotStartCode)[0].module, "ZELMO-QRN");
+}
+
+// The geometry modules on input they cannot take: the code and the line
+// they leave in ECM.Dat, and the window the shipped error table makes of it.
+TEST(ModuleError, PlorAndNebExplainWhatFailedAndWhatToDo) {
+  namespace m = modules;
+  const std::string box = m::test_buildings::Dat1Text(1, m::test_buildings::ValidationBox());
+  std::string damaged = box;
+  damaged.replace(damaged.find("South 1") + 20, 5, "  9x0");
+  std::string too_many = box;
+  too_many.replace(too_many.find("\r\n") + 2, 14, "   1.00 101.00");
+  std::vector<m::test_buildings::ElementSpec> open = m::test_buildings::ValidationBox();
+  open.pop_back();
+  std::vector<m::test_buildings::ElementSpec> flat = m::test_buildings::ValidationBox();
+  flat[3].dims[1] = 0;
+  const struct {
+    const char* module;
+    std::string dat1;      // empty: none
+    const char* plor_res;  // written over PLOR's results when set
+    int code;
+    const char* line;  // of ECM.Dat, the case folder shown as <case>
+    const char* first_words;
+  } rows[] = {
+      {"PLOR", "", nullptr, 101, "Cannot read <case>DAT1.DAT",
+       "The geometry file DAT1.DAT cannot be opened"},
+      {"PLOR", damaged, nullptr, 102,
+       "A number was expected in columns 21 to 30: <case>DAT1.DAT, line 4",
+       "The geometry file DAT1.DAT is damaged"},
+      {"PLOR", m::test_buildings::Dat1Text(1, flat), nullptr, 103,
+       "Element 4 (East): it has no area", "A building element named above"},
+      {"PLOR", too_many, nullptr, 104,
+       "<case>DAT1.DAT holds 101.00 elements; the modules take at most 100",
+       "The case has more volumes"},
+      {"PLOR", m::test_buildings::Dat1Text(1, open), nullptr, 105,
+       "Volume 1: its elements leave an opening of 48.00 m2 facing tilt 180, azimuth 0",
+       "A volume named above is not closed"},
+      {"NEB", "", nullptr, 201, "Cannot read <case>DAT1.DAT",
+       "The geometry file DAT1.DAT cannot be opened"},
+      {"NEB", box, "", 202, "The results of PLOR (PLOR.RES) are missing: run PLOR again",
+       "The results of PLOR are missing"},
+      {"NEB", box, "COUNTS\t1\t7", 203,
+       "A line COUNTS with 3 values was expected: <case>PLOR.RES, line 2",
+       "The results of PLOR (PLOR.RES) are damaged"},
+  };
+  for (const auto& row : rows) {
+    TempDir dir;
+    FakeSession fake;
+    fake.ws().ProgramDirectory = std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree";
+    fake.ws().CasePath = dir.path();
+    const std::string folder = dir.path() + "/";
+    if (!row.dat1.empty()) WriteBytes(dir / "DAT1.DAT", row.dat1);
+    if (row.plor_res && *row.plor_res) {
+      m::RunPlor(folder);
+      WriteBytes(dir / "PLOR.RES",
+                 "ZELMO-QRN PLOR " + m::PlorFingerprint(folder) + "\r\n" + row.plor_res + "\r\n");
+    }
+    std::string program = row.module;
+    std::vector<char*> argv = {program.data(), const_cast<char*>(folder.c_str())};
+    const bool plor = program == "PLOR";
+    EXPECT_EQ(m::RunModule(2, argv.data(), plor ? m::kPlor : m::kNeb,
+                           plor ? m::kPlorDat1Damaged : m::kNebPlorDamaged,
+                           plor ? m::RunPlor : m::RunNeb),
+              1);
+    int code = 0;
+    std::string module, text;
+    double number = 0;
+    EXPECT_FALSE(ReadStatusFile(fake.ws(), code, module, text, number));
+    std::string expected = row.line;
+    for (size_t at; (at = expected.find("<case>")) != std::string::npos;) {
+      expected.replace(at, 6, folder);
+    }
+    EXPECT_EQ(std::to_string(code) + " " + module + ": " + text,
+              std::to_string(row.code) + " " + row.module + ": " + expected);
+    testing::Strings shown;
+    fake.dialogs.screens["Errform"] = [&shown](Form& form) {
+      auto& err = static_cast<Errform&>(form);
+      shown.push_back(err.caption + "|" + err.Label1.caption);
+      err.Command1.on_click();
+    };
+    ShowModuleError(fake.session, code, text, 1);
+    ASSERT_EQ(shown.size(), 1u) << row.code;
+    EXPECT_EQ(shown[0].substr(0, shown[0].find('|')),
+              "Error  " + std::to_string(row.code) + " in module " + row.module);
+    EXPECT_EQ(
+        shown[0].substr(shown[0].find('|') + 1, expected.size() + 2 + strlen(row.first_words)),
+        expected + "\r\n" + row.first_words);
+  }
 }
 
 using testing::RunCall;

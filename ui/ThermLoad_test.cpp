@@ -127,6 +127,43 @@ TEST(ThermLoadView, AModuleMissingFromTheTreeIsRedAndNamed) {
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
 }
 
+// The program tree as it ships runs the project's own PLOR. An element whose
+// corner lies beyond the width of its column leaves DAT1.DAT unreadable:
+// PLOR fails, its cell turns red and the error window names the file, the
+// line and what to do.
+TEST(ThermLoadView, ADamagedGeometryFileStopsTheShippedPlorWithItsErrorWindow) {
+  ExampleProject p;
+  p.fake.ws().ProgramDirectory = std::getenv("ZELMO_DIST_DIR");
+  p.fake.ws().ThermalDirectory = JoinPath(p.fake.ws().ProgramDirectory, "TZELMO");
+  const std::string surface = p.dir / "Example/Case1/SURFACE.INP";
+  std::string elements = testing::ReadBytes(surface);
+  const std::string south = "South 1\r\n\t2\r\n\t90\r\n\t180\r\n\t0\r\n";
+  ASSERT_EQ(elements.find(south), 0u);
+  elements.replace(0, south.size(), "South 1\r\n\t2\r\n\t90\r\n\t180\r\n\t123456789\r\n");
+  testing::WriteBytes(surface, elements);
+  std::string caption, text;
+  p.fake.dialogs.screens["Errform"] = [&](Form& form) {
+    auto window = ShowScreen(form, p.fake.session);
+    ASSERT_TRUE(window);
+    caption = S(window->windowTitle());
+    text = S(window->findChild<QLabel*>("Label1")->text());
+    SaveShot(window.get(), "Errform_PLOR_damaged_DAT1");
+    QTest::mouseClick(window->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  };
+  ThermLoad screen(p.fake.session);
+  auto dialog = ShowScreen(screen, p.fake.session);
+  ASSERT_TRUE(dialog);
+  auto* grid = dialog->findChild<QTableWidget*>("ThermGrid");
+  QTest::mouseClick(dialog->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+  EXPECT_EQ(grid->item(1, kFirstModuleColumn)->background().color(), QColor(250, 0, 0));
+  EXPECT_EQ(caption, "Error  102 in module PLOR");
+  const std::string expected =
+      "An element's first line must hold 80 characters: " + (p.dir / "Example/Case1/DAT1.DAT") +
+      ", line 6\nThe geometry file DAT1.DAT is damaged at the line named "
+      "above. Open the building elements";
+  EXPECT_EQ(text.substr(0, expected.size()), expected);
+}
+
 // A module that takes its time: the window repaints and takes clicks, the
 // progress line counts, and Stop ends the module.
 TEST(ThermLoadView, StaysAliveWhileAModuleRunsAndStops) {
