@@ -70,7 +70,10 @@ Construction Discretise(const std::vector<Layer>& layers, int refine) {
 
 ConductionStep::ConductionStep(const Construction& construction, double step_seconds)
     : conductance_(construction.conductance), step_(step_seconds) {
-  for (double capacity : construction.capacity) capacity_.push_back(capacity / step_seconds);
+  // A step of no length is the steady state: no node stores heat.
+  for (double capacity : construction.capacity) {
+    capacity_.push_back(step_seconds > 0 ? capacity / step_seconds : 0);
+  }
   const size_t n = capacity_.size();
   if (n < 2 || conductance_.size() + 1 != n) {
     capacity_.clear();

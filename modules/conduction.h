@@ -75,7 +75,8 @@ struct FaceResponse {
 };
 
 // The implicit step of one construction for a fixed step length; the matrix
-// work that doesn't depend on the temperatures is done once here.
+// work that doesn't depend on the temperatures is done once here. A step of
+// no length (0) is the steady state.
 class ConductionStep {
  public:
   ConductionStep(const Construction& construction, double step_seconds);
