@@ -71,6 +71,11 @@ TEST(CommandLine, RunsTheExampleThroughTheStandInsAndCommitsTheFlags) {
   EXPECT_EQ(r.Case("DAT1.DAT"), ReadBytes(std::string(std::getenv("ZELMO_SOURCE_DIR")) +
                                           "/simulation/testdata/Case1/DAT1.DAT"));
   EXPECT_FALSE(ReadBytes(r.dir / "Example/Wndw.Lib").empty());
+  // The conduction and window modules leave their reports in the case folder.
+  EXPECT_EQ(r.Case("CORV.LIS").substr(0, 60),
+            "CORV: the walls of the case discretised for the conduction\r\n");
+  EXPECT_NE(r.Case("FENT.LIS").find("     2      2        2.86  0.755  0.691"), std::string::npos)
+      << r.Case("FENT.LIS");
 
   // A module made to fail: the later ones do not run and no flag is
   // committed.
@@ -353,7 +358,13 @@ TEST(CommandLine, CasesSideBySideAndTheirSummary) {
     cases += "case" + std::to_string(n) + " - Variant\r\n";
   }
   WriteBytes(project + "/CASES.LIB", cases);
-  WriteBytes(project + "/case3/STANDIN.INP", "ALL DELAY 0.1\r\nCORV ERROR 301\r\n");
+  // Case 3's first element takes a window type the library hasn't: FENT,
+  // the fourth module, fails.
+  WriteBytes(project + "/case3/STANDIN.INP", "ALL DELAY 0.1\r\n");
+  std::string elements = ReadBytes(project + "/case3/SURFACE.INP");
+  const std::string hole = "\r\n\t87\r\n\t87\r\n\t2\r\n";
+  elements.replace(elements.find(hole), hole.size(), "\r\n\t87\r\n\t87\r\n\t39\r\n");
+  WriteBytes(project + "/case3/SURFACE.INP", elements);
   ASSERT_EQ(r.Run({"run", project, "--all", "-j2"}), kExitFailed);
   std::istringstream lines(r.out.str());
   std::vector<std::string> table;
@@ -365,11 +376,13 @@ TEST(CommandLine, CasesSideBySideAndTheirSummary) {
                        "case          modules  status",
                        "case1               6  ok",
                        "case2               6  ok",
-                       "case3               3  failed",
+                       "case3               4  failed",
                        "case4               6  ok",
                    }))
       << r.out.str();
-  EXPECT_NE(r.err.str().find("Error  301 in module CORV: "), std::string::npos);
+  EXPECT_NE(r.err.str().find("Error  404 in module FENT: window type 39 is not in "),
+            std::string::npos)
+      << r.err.str();
   for (int n : {1, 2, 4}) {
     const std::string dir = project + "/" + (n == 1 ? "Case1" : "case" + std::to_string(n));
     EXPECT_EQ(ReadBytes(dir + "/THERMAL.INP"), "------\r\n");

@@ -10,6 +10,7 @@
 #include "libraries/window_library_export.h"
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
+#include "modules/fent.h"
 #include "modules/glazing_library.h"
 
 namespace {
@@ -29,10 +30,15 @@ void Put(zelmo::fuzz::FuzzCase& c, const char* name, const std::string& bytes) {
   c.Put(name, reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), /*in_project=*/true);
 }
 
+// Each window type as the screen and as the window module take it.
 void EveryType(zelmo::TextReader& reader) {
   const zelmo::WindowLibrary library = zelmo::modules::ReadWindowLibrary(reader);
   for (int window = 0; window <= static_cast<int>(library.windows.size()) + 1; ++window) {
     zelmo::WindowPropertiesIn(library, reader.path(), window);
+    try {
+      zelmo::modules::ComputeFentWindow(library, reader.path(), window);
+    } catch (const zelmo::modules::ModuleFailure&) {
+    }
   }
 }
 

@@ -29,6 +29,16 @@ void SolveTridiagonal(const std::vector<double>& diagonal, const std::vector<dou
 
 }  // namespace
 
+void ConductionStep::SolveInner(std::vector<double>& rhs) const {
+  const size_t n = inner_pivot_.size();
+  if (n == 0) return;
+  rhs[0] /= inner_pivot_[0];
+  for (size_t i = 1; i < n; ++i) {
+    rhs[i] = (rhs[i] + inner_coupling_[i - 1] * rhs[i - 1]) / inner_pivot_[i];
+  }
+  for (size_t i = n - 1; i-- > 0;) rhs[i] -= inner_upper_[i] * rhs[i + 1];
+}
+
 int CellsFor(const Layer& layer) {
   const double volumetric = layer.density * layer.specific_heat;
   if (!(volumetric > 0) || !(layer.conductivity > 0) || !(layer.thickness > 0)) return 1;
@@ -60,7 +70,10 @@ Construction Discretise(const std::vector<Layer>& layers, int refine) {
 
 ConductionStep::ConductionStep(const Construction& construction, double step_seconds)
     : conductance_(construction.conductance), step_(step_seconds) {
-  for (double capacity : construction.capacity) capacity_.push_back(capacity / step_seconds);
+  // A step of no length is the steady state: no node stores heat.
+  for (double capacity : construction.capacity) {
+    capacity_.push_back(step_seconds > 0 ? capacity / step_seconds : 0);
+  }
   const size_t n = capacity_.size();
   if (n < 2 || conductance_.size() + 1 != n) {
     capacity_.clear();
@@ -74,13 +87,22 @@ ConductionStep::ConductionStep(const Construction& construction, double step_sec
   for (size_t i = 0; i < inner; ++i) {
     inner_diagonal_[i] = capacity_[i + 1] + conductance_[i] + conductance_[i + 1];
   }
+  // The inner system factorised once (Thomas algorithm).
+  inner_pivot_.resize(inner);
+  inner_upper_.resize(inner);
+  for (size_t i = 0; i < inner; ++i) {
+    inner_pivot_[i] =
+        inner_diagonal_[i] + (i > 0 ? inner_coupling_[i - 1] * inner_upper_[i - 1] : 0);
+    inner_upper_[i] = i + 1 < inner ? -inner_coupling_[i] / inner_pivot_[i] : 0;
+  }
   by_out_.assign(inner, 0);
   by_in_.assign(inner, 0);
+  scratch_.assign(inner, 0);
   if (inner > 0) {
     by_out_.front() = conductance_.front();
     by_in_.back() = conductance_.back();
-    SolveTridiagonal(inner_diagonal_, inner_coupling_, by_out_);
-    SolveTridiagonal(inner_diagonal_, inner_coupling_, by_in_);
+    SolveInner(by_out_);
+    SolveInner(by_in_);
   }
 }
 
@@ -111,9 +133,9 @@ FaceResponse ConductionStep::Response(const std::vector<double>& temperatures) c
   double out_base = 0, out_by_out = 0, out_by_in = 1;
   double in_base = 0, in_by_out = 1, in_by_in = 0;
   if (n > 2) {
-    std::vector<double> base(temperatures.begin() + 1, temperatures.end() - 1);
-    for (size_t i = 0; i < base.size(); ++i) base[i] *= capacity_[i + 1];
-    SolveTridiagonal(inner_diagonal_, inner_coupling_, base);
+    std::vector<double>& base = scratch_;
+    for (size_t i = 0; i < base.size(); ++i) base[i] = capacity_[i + 1] * temperatures[i + 1];
+    SolveInner(base);
     out_base = base.front();
     out_by_out = by_out_.front();
     out_by_in = by_in_.front();
@@ -134,9 +156,9 @@ void ConductionStep::AdvanceWithFaces(std::vector<double>& temperatures, double 
                                       double inside_face) const {
   const size_t n = capacity_.size();
   if (n < 2 || temperatures.size() != n) return;
-  std::vector<double> base(temperatures.begin() + 1, temperatures.end() - 1);
-  for (size_t i = 0; i < base.size(); ++i) base[i] *= capacity_[i + 1];
-  SolveTridiagonal(inner_diagonal_, inner_coupling_, base);
+  std::vector<double>& base = scratch_;
+  for (size_t i = 0; i < base.size(); ++i) base[i] = capacity_[i + 1] * temperatures[i + 1];
+  SolveInner(base);
   for (size_t i = 0; i < base.size(); ++i) {
     temperatures[i + 1] = base[i] + by_out_[i] * outside_face + by_in_[i] * inside_face;
   }

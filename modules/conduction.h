@@ -75,7 +75,8 @@ struct FaceResponse {
 };
 
 // The implicit step of one construction for a fixed step length; the matrix
-// work that doesn't depend on the temperatures is done once here.
+// work that doesn't depend on the temperatures is done once here. A step of
+// no length (0) is the steady state.
 class ConductionStep {
  public:
   ConductionStep(const Construction& construction, double step_seconds);
@@ -105,8 +106,14 @@ class ConductionStep {
   // by_out and by_in fixed for the construction.
   std::vector<double> by_out_, by_in_;
   // The inner nodes' tridiagonal system: its diagonal and the conductances
-  // between neighbouring inner nodes.
+  // between neighbouring inner nodes, and its factors.
   std::vector<double> inner_diagonal_, inner_coupling_;
+  std::vector<double> inner_pivot_, inner_upper_;
+  // Room for the inner nodes during a step: a step object serves one
+  // thread at a time.
+  mutable std::vector<double> scratch_;
+
+  void SolveInner(std::vector<double>& rhs) const;
 };
 
 // The steady temperatures of the nodes between the two face temperatures.

@@ -51,6 +51,10 @@ TEST(Conduction, SteadyFluxIsUTimesTheDifference) {
     const auto steady = SteadyTemperatures(c, 20, -10);
     EXPECT_DOUBLE_EQ(steady.front(), 20);
     EXPECT_NEAR(steady.back(), -10, 1e-12) << row.name;
+    // A step of no length lands on the steady state at once.
+    std::vector<double> t(c.capacity.size(), 0.0);
+    ConductionStep(c, 0).AdvanceWithFaces(t, 20, -10);
+    for (size_t i = 0; i < t.size(); ++i) EXPECT_NEAR(t[i], steady[i], 1e-9) << row.name;
   }
 }
 

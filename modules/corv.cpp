@@ -113,10 +113,7 @@ void RunCorv(const std::string& case_folder) {
   const CorvResult result = ComputeCorv(dat2);
   const std::string fingerprint = Fingerprint().Add(bytes).Text();
   WriteResult(CaseFile(case_folder, kResults), kCorv, fingerprint, CorvLines(result));
-  if (!WriteDerivedBytes(CaseFile(case_folder, kReport), Report(dat2, result))) {
-    throw ModuleFailure(kCorv.base + kWriteFailed,
-                        "Cannot write " + CaseFile(case_folder, kReport));
-  }
+  WriteReport(CaseFile(case_folder, kReport), kCorv, Report(dat2, result));
 }
 
 CorvResult ParseCorvResult(const std::vector<std::string>& lines, int code) {

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/text_file.h"
+
 namespace zelmo::modules {
 
 std::string ResultNumber(double value) {
@@ -16,6 +18,12 @@ std::string ResultNumbers(const std::vector<double>& values) {
   std::string text;
   for (double value : values) text += "\t" + ResultNumber(value);
   return text;
+}
+
+void WriteReport(const std::string& path, const ModuleId& module, const std::string& text) {
+  if (!WriteDerivedBytes(path, text)) {
+    throw ModuleFailure(module.base + kWriteFailed, "Cannot write " + path);
+  }
 }
 
 ResultCursor::ResultCursor(const std::vector<std::string>& lines, const ModuleId& writer,

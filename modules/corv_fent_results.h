@@ -16,6 +16,10 @@ std::string ResultNumber(double value);
 // Each value behind a TAB.
 std::string ResultNumbers(const std::vector<double>& values);
 
+// Writes a module's report (.LIS) whole; a write that fails throws the
+// module's kWriteFailed code.
+void WriteReport(const std::string& path, const ModuleId& module, const std::string& text);
+
 class ResultCursor {
  public:
   ResultCursor(const std::vector<std::string>& lines, const ModuleId& writer, std::string file,

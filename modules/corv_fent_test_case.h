@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,16 @@ struct ModuleCase {
   std::string project = dir / "proj";
   std::string case_folder = JoinPath(project, "case1");
 };
+
+// The failure an operation raises, its code and line, or "no failure".
+inline std::string FailureOf(const std::function<void()>& operation) {
+  try {
+    operation();
+  } catch (const ModuleFailure& failure) {
+    return std::to_string(failure.code()) + " " + failure.what();
+  }
+  return "no failure";
+}
 
 // The status file a failure leaves: code, module, the quoted line, "0".
 inline std::string FailedStatus(int code, const std::string& module, const std::string& line) {

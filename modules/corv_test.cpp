@@ -13,6 +13,7 @@ namespace {
 
 using testing::ErrorTableText;
 using testing::FailedStatus;
+using testing::FailureOf;
 using testing::ModuleCase;
 
 Dat2 Dat2Of(const std::string& bytes) {
@@ -91,13 +92,8 @@ TEST(Corv, AResultOfOtherWallsIsRefused) {
   c.Put("DAT2.DAT", kDat2);
   c.Run(kCorv, kCorvDat2Damaged, RunCorv);
   c.Put("DAT2.DAT", kDat2 + "\r\n");
-  try {
-    ReadCorvResult(c.case_folder, 602);
-    ADD_FAILURE() << "a stale result was read";
-  } catch (const ModuleFailure& failure) {
-    EXPECT_EQ(failure.code(), 602);
-    EXPECT_STREQ(failure.what(), "The results of CORV (CORV.RES) are out of date: run CORV again");
-  }
+  EXPECT_EQ(FailureOf([&] { ReadCorvResult(c.case_folder, 602); }),
+            "602 The results of CORV (CORV.RES) are out of date: run CORV again");
 }
 
 // Each damaged DAT2.DAT: the code and line ECM.Dat gets, and the error
@@ -183,14 +179,10 @@ TEST(Corv, ADamagedResultNamesItsLine) {
   for (const auto& row : rows) {
     auto damaged = lines;
     damaged[row.line] = row.text;
-    try {
-      ParseCorvResult(damaged, 601);
-      ADD_FAILURE() << row.text;
-    } catch (const ModuleFailure& failure) {
-      EXPECT_EQ(failure.code(), 601);
-      EXPECT_EQ(failure.what(), "The results of CORV (CORV.RES) are damaged at line " +
-                                    std::to_string(row.line + 2) + ": run CORV again");
-    }
+    EXPECT_EQ(FailureOf([&] { ParseCorvResult(damaged, 601); }),
+              "601 The results of CORV (CORV.RES) are damaged at line " +
+                  std::to_string(row.line + 2) + ": run CORV again")
+        << row.text;
   }
 }
 

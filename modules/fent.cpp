@@ -232,10 +232,7 @@ void RunFent(const std::string& case_folder) {
   const std::string fingerprint =
       Fingerprint().Add("file").Add(library_bytes).Add("file").Add(dat1_bytes).Text();
   WriteResult(CaseFile(case_folder, kResults), kFent, fingerprint, FentLines(result));
-  if (!WriteDerivedBytes(CaseFile(case_folder, kReport), Report(library_path, result))) {
-    throw ModuleFailure(kFent.base + kWriteFailed,
-                        "Cannot write " + CaseFile(case_folder, kReport));
-  }
+  WriteReport(CaseFile(case_folder, kReport), kFent, Report(library_path, result));
 }
 
 FentResult ParseFentResult(const std::vector<std::string>& lines, int code) {

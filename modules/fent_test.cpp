@@ -11,6 +11,7 @@ namespace {
 
 using testing::ErrorTableText;
 using testing::FailedStatus;
+using testing::FailureOf;
 using testing::ModuleCase;
 
 // Wndw.Lib as the front end writes it: a table glass, a Fresnel glass, a
@@ -104,13 +105,8 @@ TEST(Fent, AResultOfAnotherLibraryOrCaseIsRefused) {
   c.Put("DAT1.DAT", Dat1("4", "1"));
   c.Run(kFent, kFentLibraryDamaged, RunFent);
   c.Put("DAT1.DAT", Dat1("1", "1"));
-  try {
-    ReadFentResult(c.case_folder, 502);
-    ADD_FAILURE() << "a stale result was read";
-  } catch (const ModuleFailure& failure) {
-    EXPECT_EQ(failure.code(), 502);
-    EXPECT_STREQ(failure.what(), "The results of FENT (FENT.RES) are out of date: run FENT again");
-  }
+  EXPECT_EQ(FailureOf([&] { ReadFentResult(c.case_folder, 502); }),
+            "502 The results of FENT (FENT.RES) are out of date: run FENT again");
 }
 
 TEST(Fent, DamagedWindowsLeaveTheirCodeAndText) {
@@ -190,13 +186,10 @@ TEST(Fent, ADamagedResultNamesItsLine) {
   for (const auto& row : rows) {
     auto damaged = lines;
     damaged[row.line] = row.text;
-    try {
-      ParseFentResult(damaged, 501);
-      ADD_FAILURE() << row.text;
-    } catch (const ModuleFailure& failure) {
-      EXPECT_EQ(failure.what(), "The results of FENT (FENT.RES) are damaged at line " +
-                                    std::to_string(row.line + 2) + ": run FENT again");
-    }
+    EXPECT_EQ(FailureOf([&] { ParseFentResult(damaged, 501); }),
+              "501 The results of FENT (FENT.RES) are damaged at line " +
+                  std::to_string(row.line + 2) + ": run FENT again")
+        << row.text;
   }
 }
 
