@@ -57,20 +57,6 @@ TEST(ClimateFile, TheReaderTakesBackWhatTheWriterWrote) {
   EXPECT_EQ(ClimateFileText(data), kTwoHours);
 }
 
-TEST(ClimateFile, AFileWithoutWindSaysSoInItsFirstLine) {
-  ClimateData data = TwoHours();
-  data.header.hourly_wind = false;
-  std::string text = ClimateFileText(data);
-  EXPECT_EQ(text.substr(0, text.find('\r')), "00 Testtown climate data, hourly wind not included");
-  EXPECT_FALSE(ParseClimateText("x.CLI", text).header.hourly_wind);
-}
-
-TEST(ClimateFile, ALastLineWithoutItsEndAndBlankLinesBehindAreRead) {
-  std::string cut = kTwoHours.substr(0, kTwoHours.size() - 2);
-  EXPECT_EQ(ParseClimateText("x.CLI", cut).hours.size(), 2u);
-  EXPECT_EQ(ParseClimateText("x.CLI", kTwoHours + "\r\n  \r\n").hours.size(), 2u);
-}
-
 std::string Replace(std::string text, const std::string& from, const std::string& to) {
   size_t at = text.find(from);
   EXPECT_NE(at, std::string::npos) << from;
@@ -127,18 +113,6 @@ TEST(ClimateFile, TheLimitsOfAColumnAreInside) {
   ClimateData data = ParseClimateText("x.CLI", text);
   EXPECT_DOUBLE_EQ(data.hours[0].pressure(), 120000);
   EXPECT_DOUBLE_EQ(data.hours[0].wind_speed(), 60);
-}
-
-TEST(ClimateFile, HoursFollowOverMonthsLeapDaysAndTheYearsOfATypicalYear) {
-  auto hour = [](int year, int month, int day, int h) {
-    return ClimateHour{year, month, day, h, {}};
-  };
-  EXPECT_TRUE(Follows(hour(1995, 1, 31, 24), hour(1994, 2, 1, 1)));  // a typical year
-  EXPECT_TRUE(Follows(hour(1995, 2, 28, 24), hour(1995, 3, 1, 1)));
-  EXPECT_TRUE(Follows(hour(1995, 12, 31, 24), hour(1996, 1, 1, 1)));
-  EXPECT_FALSE(Follows(hour(1995, 1, 30, 24), hour(1995, 2, 1, 1)));
-  EXPECT_FALSE(Follows(hour(1995, 1, 1, 23), hour(1995, 1, 2, 1)));
-  EXPECT_FALSE(Follows(hour(1995, 1, 1, 5), hour(1995, 1, 1, 5)));
 }
 
 TEST(ClimateFile, AFileThatCannotBeReadOrWrittenIsTold) {

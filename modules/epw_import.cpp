@@ -177,15 +177,13 @@ class EpwParser {
     }
     if (periods != 1) Fail(number, "Only a weather file of one data period can be imported");
     if (per_hour != 1) Fail(number, "Only a weather file of one record an hour can be imported");
-    auto date = [this, number](std::string_view text, int& month, int& day) {
+    auto date = [this](std::string_view text, int& month, int& day) {
       text = Trim(text);
       size_t slash = text.find('/');
-      if (slash == std::string_view::npos || !ToInt(text.substr(0, slash), month)) {
-        Fail(number, "A date of the DATA PERIODS line is no month/day");
-      }
-      std::string_view rest = text.substr(slash + 1);
-      if (!ToInt(rest.substr(0, rest.find('/')), day) || !IsClimateDate({2000, month, day})) {
-        Fail(number, "A date of the DATA PERIODS line is no month/day");
+      std::string_view rest = slash == std::string_view::npos ? "" : text.substr(slash + 1);
+      if (slash == std::string_view::npos || !ToInt(text.substr(0, slash), month) ||
+          !ToInt(rest.substr(0, rest.find('/')), day) || !IsClimateDate({2000, month, day})) {
+        Fail(kEpwHeaderLines, "A date of the DATA PERIODS line is no month/day");
       }
     };
     date(fields[5], start_month_, start_day_);

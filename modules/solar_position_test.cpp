@@ -70,15 +70,6 @@ TEST(SunPath, AgreesWithTheFullAlgorithmEveryHourOfAYear) {
   EXPECT_LT(worst, 0.001);
 }
 
-TEST(SunPath, CrossesTheYearsEndAndGoesBackInTime) {
-  SunPath path(ReportSite());
-  for (auto [year, month, day] : {std::tuple{2003, 12, 31}, {2004, 1, 1}, {2003, 6, 1}}) {
-    SunPosition full = SunAt(ReportSite(), year, month, day, 23.5);
-    SunPosition fast = path.At(year, month, day, 23.5);
-    EXPECT_NEAR(full.zenith, fast.zenith, 0.001) << year << "." << month << "." << day;
-  }
-}
-
 TEST(SunPath, InTheHourOfSunriseTakesTheMiddleOfTheSunlitPart) {
   SolarSite denver;
   denver.latitude = 39.83;
@@ -96,17 +87,6 @@ TEST(SunPath, InTheHourOfSunriseTakesTheMiddleOfTheSunlitPart) {
   // At noon the middle of the hour.
   EXPECT_DOUBLE_EQ(SunPath(denver).ForClimateHour(1995, 6, 21, 13).zenith,
                    SunPath(denver).At(1995, 6, 21, 12.5).zenith);
-}
-
-TEST(ClimateHourInstant, IsTheMiddleOfTheHour) {
-  EXPECT_DOUBLE_EQ(ClimateHourInstant(1), 0.5);
-  EXPECT_DOUBLE_EQ(ClimateHourInstant(24), 23.5);
-}
-
-TEST(DayOfYear, CountsTheLeapDay) {
-  EXPECT_EQ(DayOfYear(1995, 3, 1), 60);
-  EXPECT_EQ(DayOfYear(1996, 3, 1), 61);
-  EXPECT_EQ(DayOfYear(1900, 12, 31), 365);
 }
 
 }  // namespace

@@ -51,16 +51,6 @@ struct ImportCase {
   std::string cli = dir / "Zelmo/Climate/Lund.CLI";
 };
 
-TEST(ImportClimateFile, ARefusedWeatherFileWritesNothing) {
-  ImportCase c;
-  WriteBytes(c.epw, LundEpw().substr(0, 1200));  // cut in its eighth hour
-  ClimateImportOutcome outcome = ImportClimateFile(c.epw, c.dir / "Lund.CLI");
-  EXPECT_FALSE(outcome.written);
-  EXPECT_EQ(outcome.fault, "This hour has 33 fields instead of 35\r" + c.epw + ", line 16");
-  EXPECT_FALSE(FileCanOpen(c.dir / "Lund.CLI"));
-  EXPECT_EQ(ClimateFileFor("/a/b/x.y.epw", "/c"), JoinPath("/c", "x.y.CLI"));
-}
-
 TEST(MoveClimaticFiles, ImportsAWeatherFileIntoTheClimateFolderAndListsIt) {
   ImportCase c;
   MoveClimaticFiles screen(c.fake.session);
