@@ -127,20 +127,27 @@ TEST(ThermLoadView, AModuleMissingFromTheTreeIsRedAndNamed) {
   EXPECT_EQ(testing::ReadBytes(p.dir / "Example/Case1/THERMAL.INP"), "XXXXXX\r\n");
 }
 
-// The program tree as it ships runs the project's own PLOR. An element whose
-// corner lies beyond the width of its column leaves DAT1.DAT unreadable:
-// PLOR fails, its cell turns red and the error window names the file, the
+// The program tree as it ships runs the project's own PLOR. A DAT1.DAT
+// damaged after the run wrote it (a disk that failed, a hand that edited it)
+// stops PLOR: its cell turns red and the error window names the file, the
 // line and what to do.
 TEST(ThermLoadView, ADamagedGeometryFileStopsTheShippedPlorWithItsErrorWindow) {
   ExampleProject p;
   p.fake.ws().ProgramDirectory = std::getenv("ZELMO_DIST_DIR");
   p.fake.ws().ThermalDirectory = JoinPath(p.fake.ws().ProgramDirectory, "TZELMO");
-  const std::string surface = p.dir / "Example/Case1/SURFACE.INP";
-  std::string elements = testing::ReadBytes(surface);
-  const std::string south = "South 1\r\n\t2\r\n\t90\r\n\t180\r\n\t0\r\n";
-  ASSERT_EQ(elements.find(south), 0u);
-  elements.replace(0, south.size(), "South 1\r\n\t2\r\n\t90\r\n\t180\r\n\t123456789\r\n");
-  testing::WriteBytes(surface, elements);
+  // Damages the element line of South 1 just before PLOR starts.
+  struct Damaging : ProcessRunner {
+    void Run(const std::string& program, const std::vector<std::string>& arguments,
+             int window_mode) override {
+      const std::string dat1 = JoinPath(arguments.at(0), "DAT1.DAT");
+      std::string bytes = testing::ReadBytes(dat1);
+      bytes.replace(bytes.find("South 1") + 20, 5, "  9x0");
+      testing::WriteBytes(dat1, bytes);
+      real.Run(program, arguments, window_mode);
+    }
+    platform::QtProcessRunner real;
+  } damaging;
+  p.fake.session.processes = &damaging;
   std::string caption, text;
   p.fake.dialogs.screens["Errform"] = [&](Form& form) {
     auto window = ShowScreen(form, p.fake.session);
@@ -158,7 +165,7 @@ TEST(ThermLoadView, ADamagedGeometryFileStopsTheShippedPlorWithItsErrorWindow) {
   EXPECT_EQ(grid->item(1, kFirstModuleColumn)->background().color(), QColor(250, 0, 0));
   EXPECT_EQ(caption, "Error  102 in module PLOR");
   const std::string expected =
-      "An element's first line must hold 80 characters: " + (p.dir / "Example/Case1/DAT1.DAT") +
+      "A number was expected in columns 21 to 30: " + (p.dir / "Example/Case1/DAT1.DAT") +
       ", line 6\nThe geometry file DAT1.DAT is damaged at the line named "
       "above. Open the building elements";
   EXPECT_EQ(text.substr(0, expected.size()), expected);

@@ -10,8 +10,8 @@
 #include <QWidget>
 #include <string>
 
-#include "tools/trvshow/building_view.h"
 #include "modules/dat1.h"
+#include "tools/trvshow/building_view.h"
 
 namespace zelmo::trvshow {
 
