@@ -35,7 +35,7 @@ std::vector<ElementSpec> LargestBuilding() {
   e.push_back({"East end", 1, 90, 90, 8 * w, 0, 0, 0, 8, {d, h}});
   e.push_back({"West end", 1, 90, 270, 0, d, 0, 0, 1, {d, h}});
   for (int k = 0; e.size() < 100; ++k) {
-    e.push_back({"Tree", 1, 90, 180, -2 + 1.2 * k, -6 - (k % 3), 0, 0, 0, {0.8, 4}, 0});
+    e.push_back({"Tree", 1, 90, 180, -2 + 1.2 * k, -6.0 - (k % 3), 0, 0, 0, {0.8, 4}, 0});
   }
   return e;
 }
