@@ -137,13 +137,13 @@ TEST(ThermLoadView, ADamagedGeometryFileStopsTheShippedPlorWithItsErrorWindow) {
   p.fake.ws().ThermalDirectory = JoinPath(p.fake.ws().ProgramDirectory, "TZELMO");
   // Damages the element line of South 1 just before PLOR starts.
   struct Damaging : ProcessRunner {
-    void Run(const std::string& program, const std::vector<std::string>& arguments,
+    bool Run(const std::string& program, const std::vector<std::string>& arguments,
              int window_mode) override {
       const std::string dat1 = JoinPath(arguments.at(0), "DAT1.DAT");
       std::string bytes = testing::ReadBytes(dat1);
       bytes.replace(bytes.find("South 1") + 20, 5, "  9x0");
       testing::WriteBytes(dat1, bytes);
-      real.Run(program, arguments, window_mode);
+      return real.Run(program, arguments, window_mode);
     }
     platform::QtProcessRunner real;
   } damaging;
