@@ -19,7 +19,6 @@
 #include "libraries/window_properties.h"
 #include "libraries/window_types_lib.h"
 #include "modules/glazing_library.h"
-#include "modules/muk.h"
 #include "simulation/modules.h"
 #include "simulation/results_summary.h"
 #include "simulation/run_plan.h"
@@ -273,8 +272,7 @@ int Summary(Context& c, const std::vector<std::string>& args) {
   if (auto failed = FindCaseRow(c, grid, args[1], row)) return *failed;
   const std::string name = RowCaseName(grid.Cell(row, 0));
   const CaseSummary outcome =
-      ReadCaseSummary(FolderOnDisk(JoinPath(c.session.ws.ProjectPath, name)),
-                      modules::MukFingerprint);
+      ReadCaseSummary(FolderOnDisk(JoinPath(c.session.ws.ProjectPath, name)));
   if (!outcome.summary) {
     c.Err("zelmo: " + name + ": " + OneLine(outcome.problem));
     return kExitFailed;

@@ -100,8 +100,7 @@ TEST_F(BestestProject, WithoutTheValidationProjectTheExampleIsActivatedAllTheSam
   DeleteFolderTree(Project());
   ActivateDemoProject(fake.session, main);
   EXPECT_EQ(fake.dialogs.Texts(), Strings{"The demo project is successfully activated"});
-  EXPECT_NE(ReadBytes(JoinPath(Root(), "Example/Case1/Site.inp"))
-                .find(JoinPath(Root(), kDemoClimateFile)),
+  EXPECT_NE(ReadBytes(JoinPath(Root(), "Example/Case1/Site.inp")).find(Denver()),
             std::string::npos);
 }
 

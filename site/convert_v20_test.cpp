@@ -121,17 +121,19 @@ TEST(Cv12TOv20, ASecondConversionOrOneOfTheNewFormChangesNoByte) {
   CopyFolderTree(std::string(std::getenv("ZELMO_SOURCE_DIR")) + "/system/tree/ZELMOPROJ",
                  p.dir / "Data");
   p.screen.Load();
-  ASSERT_EQ(p.screen.EP.items, (Strings{"example - example", "v12demo - v12demo"}));
+  ASSERT_EQ(p.screen.EP.items,
+            (Strings{"example - example", "v12demo - v12demo", "bestest - bestest"}));
   const struct {
     int project;
     int conversions_before;
-  } rows[] = {{0, 0}, {1, 1}};
+    const char* folder;
+  } rows[] = {{0, 0, "Example"}, {1, 1, "v12demo"}, {2, 0, "bestest"}};
   for (const auto& row : rows) {
     p.screen.EP.list_index = row.project;
     p.screen.ProjectClick();
     for (int k = 0; k < row.conversions_before; ++k) p.screen.Convert();
     EXPECT_FALSE(p.screen.CC.items.empty() && row.conversions_before > 0);
-    const std::string folder = p.dir / ("Data/" + std::string(row.project ? "v12demo" : "Example"));
+    const std::string folder = p.dir / ("Data/" + std::string(row.folder));
     const auto before = TreeBytes(folder);
     p.fake.dialogs.Clear();
     p.screen.Convert();
