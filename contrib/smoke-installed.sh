@@ -27,6 +27,9 @@ zelmo=$(command -v zelmo)
 example=$(dirname "$(readlink -f "$zelmo")")/ZELMOPROJ/Example
 cp -r "$example" "$home/Example"
 for parked in "$home"/Example/*_Temp; do mv "$parked" "${parked%_Temp}"; done
+# As the demo's activation does: the case reads the tree's Denver year.
+tree=$(dirname "$(readlink -f "$zelmo")")
+sed -i "s#^Climate/DenverCO(US)\.CLI\r\$#$tree/Climate/DenverCO(US).CLI\r#" "$home"/Example/Case1/Site.inp
 env -u DISPLAY -u WAYLAND_DISPLAY "$zelmo" prepare "$home/Example" case1
 env -u DISPLAY -u WAYLAND_DISPLAY "$zelmo" run "$home/Example" case1 |
   grep -c ended | grep -qx 6 || { echo "zelmo run did not end six modules"; exit 1; }

@@ -95,6 +95,8 @@ for parked in "$project"/*_Temp; do
   [ -e "$parked" ] && mv "$parked" "${parked%_Temp}"
 done
 first=$(ls "$project" | grep -i '^case1$')
+# As the demo's activation does: the case reads the tree's Denver year.
+sed -i "s#^Climate/DenverCO(US)\.CLI\r\$#$tree/Climate/DenverCO(US).CLI\r#" "$project/$first/Site.inp"
 : > "$project/CASES.LIB"
 for n in 1 2 3 4; do
   [ "$n" = 1 ] || cp -r "$project/$first" "$project/case$n"
